@@ -1,0 +1,21 @@
+# Warnings and instrumentation for everything below this directory.
+
+add_compile_options(-Wall -Wextra -Wconversion -Wshadow -Werror=switch)
+if(TAVRINE_WARNINGS_AS_ERRORS)
+  add_compile_options(-Werror)
+endif()
+add_compile_definitions($<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+
+if(TAVRINE_SANITIZERS)
+  # A finding of the undefined-behaviour checks ends the program: a test that only prints one would pass.
+  add_compile_options(-fsanitize=${TAVRINE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${TAVRINE_SANITIZERS})
+endif()
+
+if(TAVRINE_FUZZING)
+  if(NOT CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    message(FATAL_ERROR "TAVRINE_FUZZING needs clang; the replay programs are built with any compiler without it")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_link_options(-fsanitize=fuzzer-no-link)
+endif()
