@@ -10,6 +10,9 @@ if(TAVRINE_SANITIZERS)
   # A finding of the undefined-behaviour checks ends the program: a test that only prints one would pass.
   add_compile_options(-fsanitize=${TAVRINE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TAVRINE_SANITIZERS})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    add_compile_options(-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizer-ignore.txt)
+  endif()
 endif()
 
 if(TAVRINE_FUZZING)
