@@ -1,0 +1,47 @@
+#include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
+
+#include <algorithm>
+
+namespace tavrine {
+
+namespace {
+
+constexpr std::array<std::string_view, kLocalizableFixtureCount> kKeys = {
+#define LOCALIZABLE_FIXTURE(key, fixture) #key,
+#include "TavrineCore/Customization/Fixtures/LocalizableFixture.def"
+};
+
+constexpr std::array<Fixture, kLocalizableFixtureCount> kFixtures = {
+#define LOCALIZABLE_FIXTURE(key, fixture) Fixture::fixture,
+#include "TavrineCore/Customization/Fixtures/LocalizableFixture.def"
+};
+
+}  // namespace
+
+std::string_view rawValue(LocalizableFixture key) { return kKeys[static_cast<std::size_t>(key)]; }
+
+std::optional<LocalizableFixture> localizableFixtureNamed(std::string_view name) {
+  const auto found = std::find(kKeys.begin(), kKeys.end(), name);
+  if (found == kKeys.end()) return std::nullopt;
+  return static_cast<LocalizableFixture>(found - kKeys.begin());
+}
+
+Fixture equivalentFixtureType(LocalizableFixture key) { return kFixtures[static_cast<std::size_t>(key)]; }
+
+std::unordered_map<std::string, Fixture> LocalizableFixtureSet::fixtures() const {
+  std::unordered_map<std::string, Fixture> result;
+  for (std::size_t i = 0; i < kLocalizableFixtureCount; ++i) {
+    for (const std::string& word : stringsForLocalizableFixture[i]) result[word] = kFixtures[i];
+  }
+  return result;
+}
+
+void LocalizableFixtureSet::append(const LocalizableFixtureSet& other) {
+  for (std::size_t i = 0; i < kLocalizableFixtureCount; ++i) {
+    const auto& words = other.stringsForLocalizableFixture[i];
+    auto& mine = stringsForLocalizableFixture[i];
+    mine.insert(mine.end(), words.begin(), words.end());
+  }
+}
+
+}  // namespace tavrine
