@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/Calendar.h"
+#include "Foundation/StringMap.h"
+#include "TavrineCore/Imports.h"
+
+namespace tavrine {
+
+enum class DateWordType : std::uint8_t { am, pm, month, dayOfWeek, quarter };
+
+/// A word of the calendar: "march" is the month 3, "mon" the day of the week 2, "q4" the quarter 4.
+struct DateWord {
+  DateWordType type = DateWordType::am;
+  std::string fragment;
+  /// From 1; the week begins with Sunday. Absent for am and pm.
+  std::optional<int> index;
+
+  friend bool operator==(const DateWord&, const DateWord&) = default;
+};
+
+/// The calendar words of a language, with the English ones beside them.
+class DateWordsList {
+ public:
+  explicit DateWordsList(const Calendar& calendar);
+
+  /// What the fragment stands for, in upper or lower case; null when it is no calendar word.
+  const DateWord* dateWordFor(std::string_view fragment) const;
+
+  /// Each in lower case.
+  const std::vector<DateWord>& allDateWords() const { return allDateWords_; }
+
+ private:
+  void addWordsOf(const Calendar& calendar);
+  void add(DateWordType type, std::string_view word, std::optional<int> index);
+  void addAbbreviation(DateWordType type, std::string_view word, std::optional<int> index);
+
+  std::vector<DateWord> allDateWords_;
+  StringMap<std::size_t> cachedIdentifiers_;  // index into allDateWords_
+};
+
+}  // namespace tavrine
