@@ -58,7 +58,9 @@ constexpr bool tableSays(char32_t scalar, unsigned properties) noexcept {
 
 UChar32 codePoint(char32_t scalar) noexcept { return static_cast<UChar32>(scalar); }
 
-bool hasCategory(char32_t scalar, std::uint32_t mask) noexcept { return (U_GET_GC_MASK(codePoint(scalar)) & mask) != 0; }
+bool hasCategory(char32_t scalar, std::uint32_t mask) noexcept {
+  return (U_GET_GC_MASK(codePoint(scalar)) & mask) != 0;
+}
 
 // --- Clusters --------------------------------------------------------------------------------------------------
 
@@ -66,8 +68,7 @@ bool hasCategory(char32_t scalar, std::uint32_t mask) noexcept { return (U_GET_G
 /// letters (without the soft hyphen and the two Latin-1 signs that can be emoji), and plain ideographs.
 constexpr bool standsAlone(char32_t scalar) noexcept {
   if (scalar < 0x300) {
-    return (scalar >= 0x20 && scalar < 0x7F) ||
-           (scalar >= 0xA0 && scalar != 0xA9 && scalar != 0xAD && scalar != 0xAE);
+    return (scalar >= 0x20 && scalar < 0x7F) || (scalar >= 0xA0 && scalar != 0xA9 && scalar != 0xAD && scalar != 0xAE);
   }
   return scalar >= 0x3400 && scalar <= 0x9FFF;
 }

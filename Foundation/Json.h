@@ -90,6 +90,8 @@ class Json {
 struct Json::Member {
   std::string key;
   Json value;
+
+  friend bool operator==(const Member& left, const Member& right) noexcept;
 };
 
 /// A value, or what is wrong with the text and at which byte.

@@ -27,9 +27,11 @@ class Locale {
 
   /// The locale of the current environment.
   [[nodiscard]] static Locale current();
-  /// The locale that the process was started in, cut to language, script and region. A missing or POSIX locale reads as
-  /// "en_US", since the latter's numbers have no grouping.
+  /// The locale that the process was started in, by LC_ALL, LC_MESSAGES or LANG, the first that is set.
   [[nodiscard]] static Locale fromSystem();
+  /// Of a name as those variables hold it, cut to language, script and region: "fr_FR.UTF-8@euro" gives "fr_FR". A
+  /// missing or POSIX locale reads as "en_US", since the POSIX one writes numbers without grouping.
+  [[nodiscard]] static Locale fromPosixName(std::string_view name);
 
   [[nodiscard]] const std::string& identifier() const noexcept;
   /// "zh" of "zh_Hans_CN".
@@ -46,7 +48,7 @@ class Locale {
 
   [[nodiscard]] const std::string& decimalSeparator() const;
   /// Absent where the locale's numbers have no grouping.
-  [[nodiscard]] const std::optional<std::string>& groupingSeparator() const;
+  [[nodiscard]] std::optional<std::string> groupingSeparator() const;
   [[nodiscard]] const std::string& percentSymbol() const;
   /// "EUR"; absent for a locale without region.
   [[nodiscard]] const std::optional<std::string>& currencyCode() const;

@@ -99,6 +99,8 @@ class OperationQueue {
     EnvironmentCarrier environment;
   };
 
+  /// With the lock held. Whether there is one thread more.
+  bool startThread();
   void work();
 
   const std::string label_;

@@ -17,7 +17,7 @@ class RandomSource {
   [[nodiscard]] double unitInterval();
 };
 
-/// Unpredictable: seeded from the machine, one sequence a thread.
+/// Seeded from the machine; one source for the whole process.
 [[nodiscard]] std::shared_ptr<RandomSource> systemRandomSource();
 
 /// The same sequence for the same seed, on every machine.
