@@ -68,7 +68,7 @@ constexpr int bitWidth(UInt128 value) {
                               : static_cast<int>(std::bit_width(lowWord(value)));
 }
 
-namespace detail {
+namespace wideIntegerDetail {
 struct PowersOfTen {
   UInt128 narrow[39] = {};
   UInt256 wide[78] = {};
@@ -83,13 +83,13 @@ struct PowersOfTen {
   }
 };
 inline constexpr PowersOfTen kPowersOfTen;
-}  // namespace detail
+}  // namespace wideIntegerDetail
 
 /// 10^exponent, for exponents 0 to 38.
-constexpr UInt128 powerOfTen(int exponent) { return detail::kPowersOfTen.narrow[exponent]; }
+constexpr UInt128 powerOfTen(int exponent) { return wideIntegerDetail::kPowersOfTen.narrow[exponent]; }
 
 /// 10^exponent, for exponents 0 to 77.
-constexpr const UInt256& widePowerOfTen(int exponent) { return detail::kPowersOfTen.wide[exponent]; }
+constexpr const UInt256& widePowerOfTen(int exponent) { return wideIntegerDetail::kPowersOfTen.wide[exponent]; }
 
 /// `value * 10^exponent`, for exponents 0 to 76; the caller knows that the product fits.
 constexpr UInt256 scaleByPowerOfTen(UInt128 value, int exponent) {
