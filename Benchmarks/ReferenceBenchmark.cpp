@@ -1,5 +1,6 @@
-// The yardstick: work that never changes and calls nothing of ours. Machines differ in speed, and the ratio of a figure to
-// this one, taken in the same run, differs less between them. Never edit it: every recorded ratio would lose its meaning.
+// The yardstick: work that never changes and calls nothing of ours. Machines differ in speed, and the ratio of a figure
+// to this one, taken in the same run, differs less between them. Never edit it: every recorded ratio would lose its
+// meaning.
 
 #include <benchmark/benchmark.h>
 

@@ -40,7 +40,8 @@ def medians(path):
 
 def budgets(path):
     with open(path, encoding="utf-8", newline="") as file:
-        rows = csv.DictReader((line for line in file if not line.startswith("#")), delimiter="\t")
+        lines = (line for line in file if not line.startswith("#"))
+        rows = csv.DictReader(lines, delimiter="\t", quoting=csv.QUOTE_NONE)
         return {row["name"]: (float(row["budget"]), row["note"]) for row in rows}
 
 
