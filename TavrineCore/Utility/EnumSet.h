@@ -17,6 +17,15 @@ class EnumSet {
     for (const Enum member : members) insert(member);
   }
 
+  /// All from `first` to `last`, both included.
+  static constexpr EnumSet fromTo(Enum first, Enum last) {
+    EnumSet set;
+    for (auto i = static_cast<std::size_t>(first); i <= static_cast<std::size_t>(last); ++i) {
+      set.insert(static_cast<Enum>(i));
+    }
+    return set;
+  }
+
   constexpr bool contains(Enum member) const {
     const auto index = static_cast<std::size_t>(member);
     return (words_[index / 64] >> (index % 64) & 1u) != 0;

@@ -10,9 +10,6 @@
 
 namespace tavrine {
 
-using FunctionIdentifierSet = EnumSet<FunctionIdentifier, kFunctionIdentifierCount>;
-using UnitIdentifierSet = EnumSet<UnitIdentifier, kUnitIdentifierCount>;
-
 /// What to make of "1,00", whose separator stands where no thousands end.
 enum class MisplacedThousandsSeparatorBehavior : std::uint8_t { allow, disallow, interpretAsDecimalPoint };
 

@@ -9,20 +9,9 @@
 #include "Foundation/Calendar.h"
 #include "Foundation/StringMap.h"
 #include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/DateWord.h"
 
 namespace tavrine {
-
-enum class DateWordType : std::uint8_t { am, pm, month, dayOfWeek, quarter };
-
-/// A word of the calendar: "march" is the month 3, "mon" the day of the week 2, "q4" the quarter 4.
-struct DateWord {
-  DateWordType type = DateWordType::am;
-  std::string fragment;
-  /// From 1; the week begins with Sunday. Absent for am and pm.
-  std::optional<int> index;
-
-  friend bool operator==(const DateWord&, const DateWord&) = default;
-};
 
 /// The calendar words of a language, with the English ones beside them.
 class DateWordsList {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "TavrineCore/Utility/Hashable.h"
+
+namespace tavrine {
+
+/// On which side of a number a currency sign stands, and whether a space is between.
+enum class UnitSymbolReplacementPosition : std::uint8_t { before, beforeWithSpace, after, afterWithSpace };
+
+/// A sign that stands for a currency code: "US$" for "USD".
+struct UnitSymbolReplacement {
+  std::string originalSymbol;
+  std::string replacementSymbol;
+  UnitSymbolReplacementPosition position = UnitSymbolReplacementPosition::before;
+
+  [[nodiscard]] std::size_t hash() const { return hashOf(originalSymbol, replacementSymbol, position); }
+  friend bool operator==(const UnitSymbolReplacement&, const UnitSymbolReplacement&) = default;
+};
+
+/// The raw name, as stored in documents: "beforeWithSpace".
+std::string_view toString(UnitSymbolReplacementPosition position);
+
+/// The words for a user: "Before (with space)".
+std::string_view descriptionOf(UnitSymbolReplacementPosition position);
+
+/// The position with this raw name, if there is one.
+std::optional<UnitSymbolReplacementPosition> unitSymbolReplacementPositionNamed(std::string_view name);
+
+}  // namespace tavrine

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+
+#include "Foundation/Decimal.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Utility/Hashable.h"
+
+namespace tavrine {
+
+/// The size of a screen in pixels: "1920x1080".
+struct Resolution {
+  Decimal width;
+  Decimal height;
+
+  [[nodiscard]] std::size_t hash() const { return hashOf(width, height); }
+  friend bool operator==(const Resolution&, const Resolution&) = default;
+};
+
+}  // namespace tavrine

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <cstddef>
+
+#include "Foundation/Decimal.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Utility/Hashable.h"
+
+namespace tavrine {
+
+/// A tax percentage that is named as such, as the number that was written: 20 for "VAT 20%".
+struct SalesTax {
+  Decimal decimalValue;
+
+  [[nodiscard]] std::size_t hash() const { return hashOf(decimalValue); }
+  friend bool operator==(const SalesTax&, const SalesTax&) = default;
+};
+
+}  // namespace tavrine
