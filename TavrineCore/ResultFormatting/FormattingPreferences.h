@@ -85,8 +85,10 @@ class ResultConversionBehavior {
 
 /// The settings that say how a result is displayed. A small value: copying costs at most one counter.
 struct FormattingPreferences {
+  static constexpr int kDefaultDp = 10;
+
   /// Decimal places shown at most. Not limited here; the formatter shows no more than a decimal has.
-  int dp = 10;
+  int dp = kDefaultDp;
   /// "1234.5" instead of "1,234.5".
   bool thousandsSeparatorDisabled = false;
   CurrencyFormattingPreferences currencyFormattingPreferences = CurrencyFormattingPreferences::standard();

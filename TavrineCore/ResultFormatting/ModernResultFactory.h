@@ -1,18 +1,24 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "TavrineCore/CalculationResult.h"
+#include "TavrineCore/Utility/EnumSet.h"
 
 namespace tavrine {
 
 struct ResultFormatterContext;
 
-/// Gives the text of a result, or nothing when there is none to show.
+/// Gives the text of a result, or nothing when there is none to show. A pure function: each formatter offers one as its
+/// `formattedResult`.
 using ResultFormatterFunction = std::optional<std::string> (*)(const EvaluationResult&, const ResultFormatterContext&);
+
+inline constexpr std::size_t kEvaluationResultCaseCount = static_cast<std::size_t>(EvaluationResultCase::none) + 1;
+using EvaluationResultCaseSet = EnumSet<EvaluationResultCase, kEvaluationResultCaseCount>;
 
 /// The one place that knows which formatter shows which result.
 class ModernResultFactory {
@@ -22,8 +28,10 @@ class ModernResultFactory {
     std::string_view payload;
     /// The formatter's name, for dumps and failure messages.
     std::string_view formatter;
-    /// Null where results of this kind have no text yet.
+    /// Null where results of this kind have no text.
     ResultFormatterFunction function;
+    /// The cases that carry the payload.
+    EvaluationResultCaseSet cases;
   };
 
   /// The rows in their order: a result is shown by the first row that takes it.
@@ -33,8 +41,8 @@ class ModernResultFactory {
 
   /// The result with its text and the context's line. A variable with a value is shown, and given back, as that value.
   /// The text is empty where a result has no formatter or its formatter gives nothing.
-  [[nodiscard]] static std::optional<CalculationResult> formattedResultFor(const EvaluationResult& evaluationResult,
-                                                                           const ResultFormatterContext& context);
+  [[nodiscard]] static CalculationResult formattedResultFor(const EvaluationResult& evaluationResult,
+                                                            const ResultFormatterContext& context);
 };
 
 }  // namespace tavrine
