@@ -129,13 +129,13 @@ std::optional<fs::path> Bundle::url(std::string_view forResource, std::string_vi
 }
 
 std::optional<std::string> readFile(const fs::path& path) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  if (!file) return std::nullopt;
-  const std::streamoff size = file.tellg();
-  if (size < 0) return std::nullopt;
+  std::error_code error;
+  if (!fs::is_regular_file(path, error)) return std::nullopt;
+  const std::uintmax_t size = fs::file_size(path, error);
+  std::ifstream file(path, std::ios::binary);
+  if (error || !file) return std::nullopt;
   std::string bytes(static_cast<std::size_t>(size), '\0');
-  file.seekg(0);
-  file.read(bytes.data(), size);
+  file.read(bytes.data(), static_cast<std::streamsize>(size));
   // A file that shrank meanwhile is read as far as it goes.
   bytes.resize(static_cast<std::size_t>(file.gcount()));
   return bytes;

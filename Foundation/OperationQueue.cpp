@@ -32,11 +32,12 @@ OperationQueue::OperationQueue(std::string_view label, std::size_t width)
     : label_(label), width_(std::max<std::size_t>(width, 1)) {}
 
 OperationQueue::~OperationQueue() {
-  cancelAllOperations();
   {
+    // First, so that what an operation adds on being cancelled is cancelled as well.
     const std::lock_guard lock(mutex_);
     closing_ = true;
   }
+  cancelAllOperations();
   workArrived_.notify_all();
   for (std::thread& thread : threads_) thread.join();
 }
@@ -82,8 +83,9 @@ void OperationQueue::cancelAllOperations() {
   std::vector<std::shared_ptr<Operation>> operations;
   {
     const std::lock_guard lock(mutex_);
-    operations = running_;
+    // Those waiting first: the end of one that runs would start the next.
     for (const Entry& entry : waiting_) operations.push_back(entry.operation);
+    operations.insert(operations.end(), running_.begin(), running_.end());
   }
   // Outside the lock: `cancel` may be overridden, and stop callbacks are foreign code.
   for (const auto& operation : operations) runGuarded([&operation] { operation->cancel(); });

@@ -16,9 +16,6 @@ namespace tavrine::foundation {
 
 namespace {
 
-/// Longer texts are no numbers that we write.
-constexpr std::size_t kLongestNumber = 600;
-
 constexpr auto kNames = std::to_array<std::string_view>({"zero", "one", "two", "few", "many", "other"});
 
 PluralCategory categoryNamed(const icu::UnicodeString& keyword) {
@@ -51,21 +48,46 @@ bool isPlainNumber(std::string_view text) {
   return areDigits(text.substr(0, point)) && (point == text.size() || areDigits(text.substr(point + 1)));
 }
 
+struct ShownDigits {
+  std::string text;
+  std::int32_t decimals = 0;
+};
+
+/// Rules ask for the last few digits before and behind the point, and whether there are more. ICU answers in doubles,
+/// which lose the last digits of a long number: so those are kept, behind a 1 for all the others.
+ShownDigits shortened(std::string_view number) {
+  constexpr std::size_t kept = 12;
+  const std::size_t point = std::min(number.find('.'), number.size());
+  std::string_view whole = number.substr(0, point);
+  if (whole.starts_with('-')) whole.remove_prefix(1);
+  whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size() - 1));
+  std::string_view decimals = number.substr(std::min(point + 1, number.size()));
+  ShownDigits shown;
+  if (whole.size() > kept) {
+    whole.remove_prefix(whole.size() - kept);
+    shown.text = "1";
+  }
+  if (decimals.size() > kept) decimals.remove_prefix(decimals.size() - kept);
+  shown.text += whole;
+  if (!decimals.empty()) shown.text.append(".").append(decimals);
+  shown.decimals = static_cast<std::int32_t>(decimals.size());
+  return shown;
+}
+
 }  // namespace
 
 std::string_view toString(PluralCategory category) noexcept { return kNames[static_cast<std::size_t>(category)]; }
 
 PluralCategory pluralCategory(std::string_view number, const Locale& locale) {
   const icu::PluralRules* const rules = rulesFor(locale);
-  if (rules == nullptr || !isPlainNumber(number) || number.size() > kLongestNumber) return PluralCategory::other;
+  if (rules == nullptr || !isPlainNumber(number)) return PluralCategory::other;
+  const ShownDigits shown = shortened(number);
   // The digits shown decide, so they are asked for: as many behind the point as the text has.
-  const std::size_t point = number.find('.');
-  const auto decimals = point == std::string_view::npos ? 0 : static_cast<std::int32_t>(number.size() - point - 1);
   UErrorCode status = U_ZERO_ERROR;
   const icu::number::FormattedNumber formatted =
       icu::number::NumberFormatter::withLocale(icu::Locale::getRoot())
-          .precision(icu::number::Precision::fixedFraction(decimals))
-          .formatDecimal(icu::StringPiece(number.data(), static_cast<std::int32_t>(number.size())), status);
+          .precision(icu::number::Precision::fixedFraction(shown.decimals))
+          .formatDecimal(icu::StringPiece(shown.text.data(), static_cast<std::int32_t>(shown.text.size())), status);
   const icu::UnicodeString keyword = rules->select(formatted, status);
   return U_SUCCESS(status) ? categoryNamed(keyword) : PluralCategory::other;
 }
