@@ -146,7 +146,9 @@ class DecimalArithmetic {
       std::swap(largeNegative, smallNegative);
     }
     const int distance = largeExponent - smallExponent;
-    if (distance == 0 || (distance <= 19 && (large >> 62) == 0)) {
+    // Typed numbers pass the first test, which needs no count of digits.
+    if (distance == 0 || (distance <= 19 && (large >> 62) == 0) ||
+        (distance <= kPrecision && decimalDigits(large) + distance <= kPrecision)) {
       const UInt128 scaled = large * powerOfTen(distance);  // below 2^127
       UInt128 sum = 0;
       bool negative = largeNegative;
@@ -445,27 +447,6 @@ Decimal operator+(const Decimal& a, const Decimal& b) { return add(a, b, Roundin
 Decimal operator-(const Decimal& a, const Decimal& b) { return subtract(a, b, RoundingMode::plain); }
 Decimal operator*(const Decimal& a, const Decimal& b) { return multiply(a, b, RoundingMode::plain); }
 Decimal operator/(const Decimal& a, const Decimal& b) { return divide(a, b, RoundingMode::plain); }
-
-Decimal pow(const Decimal& base, std::int64_t power) {
-  if (power == 0) return 1;
-  const auto leavesRange = [](CalculationError error) {
-    return error == CalculationError::overflow || error == CalculationError::underflow;
-  };
-  Decimal result = 1, square = base;
-  CalculationError error;
-  auto rest = power < 0 ? std::uint64_t{0} - static_cast<std::uint64_t>(power) : static_cast<std::uint64_t>(power);
-  for (;;) {
-    if ((rest & 1) != 0) {
-      result = multiply(result, square, RoundingMode::plain, error);
-      if (leavesRange(error)) return Decimal::nan();
-    }
-    rest >>= 1;
-    if (rest == 0) break;
-    square = multiply(square, square, RoundingMode::plain, error);
-    if (leavesRange(error)) return Decimal::nan();
-  }
-  return power < 0 ? Decimal(1) / result : result;
-}
 
 Decimal Decimal::rounded(int scale, RoundingMode mode) const {
   return DecimalArithmetic::roundToScale(*this, scale, mode);

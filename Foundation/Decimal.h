@@ -186,10 +186,6 @@ Decimal subtract(const Decimal& a, const Decimal& b, RoundingMode mode);
 Decimal multiply(const Decimal& a, const Decimal& b, RoundingMode mode);
 Decimal divide(const Decimal& a, const Decimal& b, RoundingMode mode);
 
-/// `base` to a whole power by repeated squaring, every product rounded in mode `plain`; 1 for power 0. A product that
-/// leaves the range at either end makes the result not a number. A negative power divides 1 by the positive one.
-Decimal pow(const Decimal& base, std::int64_t power);
-
 /// Takes the digits of a number one by one, however many there are, and rounds once, at the end.
 class DecimalBuilder {
  public:

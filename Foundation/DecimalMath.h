@@ -35,6 +35,10 @@ struct PowerResult {
 /// as the power has bits, or fewer.
 PowerResult calculatePower(const Decimal& base, std::uint64_t power, RoundingMode mode);
 
+/// `base` to a whole power, every product rounded in mode `plain`; 1 for power 0. Where the range is left at either
+/// end, and for a negative power of 0, the result is not a number. A negative power divides 1 by the positive one.
+Decimal pow(const Decimal& base, std::int64_t power);
+
 /// `base` to any power. Anything to the power 0 is 1. A whole power is computed in decimals; a fractional one in
 /// floating point, so that a negative base has none (not a number). Overflow and underflow give not a number.
 Decimal TCDecimalPower(const Decimal& base, const Decimal& power);

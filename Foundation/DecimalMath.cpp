@@ -1,0 +1,377 @@
+#include "Foundation/DecimalMath.h"
+
+#include <algorithm>
+#include <array>
+#include <cassert>
+#include <cmath>
+#include <limits>
+
+namespace tavrine::foundation {
+namespace {
+
+constexpr auto kBankers = RoundingMode::bankers;
+constexpr Decimal kConvergenceTolerance = "1e-64"_dec;
+constexpr int kIterationLimit = 999;
+
+bool leavesRange(CalculationError error) {
+  return error == CalculationError::underflow || error == CalculationError::overflow;
+}
+
+// A whole power as a count. Beyond 63 bits only its parity matters: every base but 0, 1 and -1 has left the range long
+// before, as far as 38 digits can tell.
+std::uint64_t wholePower(const Decimal& power) {
+  constexpr auto kLimit = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
+  const std::uint64_t count = power.magnitude().uint64Value();
+  if (count < kLimit) return count;
+  const bool isOdd = power.exponent() == 0 && (power.mantissa() & 1) != 0;
+  return isOdd ? kLimit : kLimit - 1;
+}
+
+// A power that is applied to many bases.
+class Power {
+ public:
+  explicit Power(const Decimal& power) : power_(power), isWhole_(power.isWhole()) {
+    if (isWhole_) count_ = wholePower(power);
+  }
+
+  Decimal operator()(const Decimal& base) const {
+    if (power_.isZero()) return 1;
+    if (power_.isNaN()) return Decimal::nan();
+    if (!isWhole_) return Decimal::fromDouble(std::pow(base.doubleValue(), power_.doubleValue()));
+    if (power_.isSignMinus()) {
+      const PowerResult inverse = calculatePower(base, count_, kBankers);
+      return inverse.error == PowerCalculationError::noError ? divide(1, inverse.value, kBankers) : Decimal::nan();
+    }
+    const bool isProperFraction = base > 0 && base < 1;
+    return calculatePower(base, count_, isProperFraction ? kBankers : RoundingMode::plain).value;
+  }
+
+ private:
+  Decimal power_;
+  bool isWhole_;
+  std::uint64_t count_ = 0;
+};
+
+// Newton's method with a tolerance that 38 digits often can't reach runs to its limit. But a step is a pure function of
+// the value it starts from: once a value comes back, what follows is a cycle, and where the limit falls in it is known.
+class CycleWatch {
+ public:
+  explicit CycleWatch(const Decimal& start) : previous_(start), beforePrevious_(start), anchor_(start) {}
+
+  // After `round` rounds (counted from 1) have led to `value`: how many more lead to the value that all would end with.
+  // Absent as long as no value has come back.
+  std::optional<int> roundsLeft(const Decimal& value, int round) {
+    const int left = kIterationLimit - round;
+    if (value == previous_) return 0;
+    if (value == beforePrevious_) return left % 2;
+    if (value == anchor_) return left % (round - anchorRound_);
+    if (round >= 2 * anchorRound_) {
+      anchor_ = value;
+      anchorRound_ = round;
+    }
+    beforePrevious_ = previous_;
+    previous_ = value;
+    return std::nullopt;
+  }
+
+ private:
+  Decimal previous_;
+  Decimal beforePrevious_;
+  Decimal anchor_;
+  int anchorRound_ = 0;
+};
+
+template <class Step, class Power>
+Decimal newton(const Decimal& value, Decimal guess, const Step& step, const Power& power) {
+  CycleWatch watch(guess);
+  int lastRound = kIterationLimit;
+  for (int round = 1; round <= lastRound; ++round) {
+    guess = step(guess);
+    const Decimal difference = subtract(power(guess), value, kBankers).magnitude();
+    if (difference < kConvergenceTolerance && !difference.isNaN()) break;
+    if (lastRound < kIterationLimit) continue;  // inside the cycle
+    if (const std::optional<int> left = watch.roundsLeft(guess, round)) lastRound = round + *left;
+  }
+  return guess;
+}
+
+// Newton's start for a root: the value itself, or, where its power leaves the range, what floating point takes for the
+// root.
+Decimal startOfRoot(const Decimal& value, const Decimal& degree, const Power& power) {
+  if (!power(value).isNaN()) return value;
+  const double estimate = std::pow(value.magnitude().doubleValue(), 1 / degree.doubleValue());
+  const Decimal start = Decimal::fromDouble(estimate);
+  return value.isSignMinus() ? start.negated() : start;
+}
+
+// Zero for what isn't a normal floating-point number.
+Decimal decimalFromLogarithm(double logarithm) {
+  return std::isnormal(logarithm) ? Decimal::fromDouble(logarithm) : Decimal();
+}
+
+std::optional<Decimal> finiteDecimal(double value) {
+  if (!std::isfinite(value)) return std::nullopt;
+  return Decimal::fromDouble(value);
+}
+
+}  // namespace
+
+// ------------------------------------------------------------------------------------------------ powers
+
+PowerResult calculatePower(const Decimal& base, std::uint64_t power, RoundingMode mode) {
+  if (power == 0) return {1};
+  Decimal result = 1, square = base;
+  CalculationError error = CalculationError::noError;
+  const auto failure = [&error]() -> PowerResult {
+    return {Decimal::nan(),
+            error == CalculationError::underflow ? PowerCalculationError::underflow : PowerCalculationError::overflow};
+  };
+  if (base.isNaN()) return failure();
+  for (bool isFirst = true;; power >>= 1) {
+    if ((power & 1) != 0) {
+      result = isFirst ? square : multiply(result, square, mode, error);
+      if (leavesRange(error)) return failure();
+      isFirst = false;
+    }
+    if (power <= 1) return {result};
+    square = multiply(square, square, mode, error);
+    if (leavesRange(error)) return failure();
+  }
+}
+
+Decimal pow(const Decimal& base, std::int64_t power) {
+  if (power >= 0) return calculatePower(base, static_cast<std::uint64_t>(power), RoundingMode::plain).value;
+  return Decimal(1) /
+         calculatePower(base, std::uint64_t{0} - static_cast<std::uint64_t>(power), RoundingMode::plain).value;
+}
+
+Decimal TCDecimalPower(const Decimal& base, const Decimal& power) { return Power(power)(base); }
+
+// ------------------------------------------------------------------------------------------------ roots
+
+Decimal DDDecimalSqrt(const Decimal& value) {
+  if (value.isZero()) return {};
+  if (value.isNaN() || value.isSignMinus()) return Decimal::nan();
+  // Half the exponent brings large values near their root at once.
+  const Decimal start = value.exponent() > 2 ? value.withExponent(value.exponent() / 2) : value;
+  const auto step = [&value](const Decimal& guess) {
+    const Decimal sum = add(divide(value, guess, kBankers), guess, kBankers);
+    return multiply(sum, "0.5"_dec, kBankers);  // cheaper than the division by 2, and the same
+  };
+  const auto square = [](const Decimal& guess) { return multiply(guess, guess, kBankers); };
+  return newton(value, start, step, square);
+}
+
+Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
+  if (value.isZero()) return {};
+  if (value.isNaN() || degree.isNaN() || degree.isZero()) return Decimal::nan();
+  const bool isOddDegree = degree.isWhole() && degree.exponent() == 0 && (degree.mantissa() & 1) != 0;
+  if (value.isSignMinus() && !isOddDegree) return Decimal::nan();
+  const Decimal oneLess = subtract(degree, 1, kBankers);
+  const Power power(degree), powerOfOneLess(oneLess);
+  const auto step = [&](const Decimal& guess) {
+    const Decimal kept = multiply(oneLess, guess, kBankers);
+    const Decimal share = divide(value, powerOfOneLess(guess), kBankers);
+    return divide(add(kept, share, kBankers), degree, kBankers);
+  };
+  return newton(value, startOfRoot(value, degree, power), step, power);
+}
+
+// ------------------------------------------------------------------------------------------------ other arithmetic
+
+Decimal DDDecimal2Pi() { return multiply(kPi, 2, kBankers); }
+
+Decimal DDDecimalMod(const Decimal& a, const Decimal& b) {
+  const Decimal quotient = divide(a, b, kBankers).rounded(0, RoundingMode::down);
+  return subtract(a, multiply(quotient, b, kBankers), kBankers);
+}
+
+Decimal DDDecimalAbsoluteValue(const Decimal& value) { return value.magnitude(); }
+
+Decimal DDDecimalNthLog(const Decimal& value, const Decimal& base) {
+  return divide(decimalFromLogarithm(std::log(value.doubleValue())), decimalFromLogarithm(std::log(base.doubleValue())),
+                kBankers);
+}
+
+Decimal DDDecimalFactorial(const Decimal& value) {
+  if (value.isNaN()) return value;
+  if (!value.isWhole()) return Decimal::fromDouble(std::tgamma(value.doubleValue() + 1));
+  Decimal result = 1;
+  // Ends by overflow after about a hundred rounds, however large the value.
+  for (Decimal factor = value.magnitude(); factor > 1; factor = subtract(factor, 1, kBankers)) {
+    CalculationError error;
+    result = multiply(result, factor, kBankers, error);
+    if (error == CalculationError::overflow) return Decimal::nan();
+  }
+  return result;
+}
+
+Decimal fractionalNumberComponent(const Decimal& value) { return value - value.rounded(0, RoundingMode::down); }
+
+bool needsSiFormatting(const Decimal& value, const Decimal& upperThreshold) {
+  return !value.isZero() && !value.isNaN() && value.magnitude() >= upperThreshold;
+}
+
+// ------------------------------------------------------------------------------------------------ named functions
+
+namespace {
+
+constexpr auto kMathFunctionNames = std::to_array<std::string_view>({
+    "assert", "unitstrip", "fromunix", "sqrt",  "cbrt", "ceil",  "floor", "round", "bankersRound", "abs",
+    "exp",    "log",       "ln",       "log10", "log2", "fact",  "sin",   "sind",  "sinh",         "asin",
+    "asinh",  "cos",       "cosh",     "cosd",  "acos", "acosh", "atan",  "atanh", "tan",          "tanh",
+});
+static_assert(kMathFunctionNames.size() == kMathFunctionCount);
+static_assert(static_cast<int>(MathFunction::tanh) == kMathFunctionCount - 1);
+
+}  // namespace
+
+std::string_view rawValue(MathFunction function) { return kMathFunctionNames[static_cast<std::size_t>(function)]; }
+
+std::optional<MathFunction> mathFunctionFromRawValue(std::string_view name) {
+  const auto found = std::find(kMathFunctionNames.begin(), kMathFunctionNames.end(), name);
+  if (found == kMathFunctionNames.end()) return std::nullopt;
+  return static_cast<MathFunction>(found - kMathFunctionNames.begin());
+}
+
+std::optional<Decimal> MathFunctionsCalculator::evaluate(MathFunction function, const Decimal& value) {
+  const auto inFloatingPoint = [&value](double (*work)(double)) { return finiteDecimal(work(value.doubleValue())); };
+  switch (function) {
+    case MathFunction::assert_:
+      assert(false &&
+             "This should be handled earlier, as it performs a comparison, and this method returns only decimals");
+      return std::nullopt;
+    case MathFunction::fromunix:
+      assert(false && "This should be handled earlier, as it returns a date, and this method returns only decimals");
+      return std::nullopt;
+    case MathFunction::unitstrip:
+      return value;
+    case MathFunction::sqrt:
+      return DDDecimalSqrt(value);
+    case MathFunction::cbrt:
+      return DDDecimalNthRoot(value, 3);
+    case MathFunction::ceil:
+      return value.rounded(0, RoundingMode::up);
+    case MathFunction::floor:
+      return value.rounded(0, RoundingMode::down);
+    case MathFunction::round:
+      return value.rounded(0, RoundingMode::plain);
+    case MathFunction::bankersRound:
+      return value.rounded(0, RoundingMode::bankers);
+    case MathFunction::abs:
+      return DDDecimalAbsoluteValue(value);
+    case MathFunction::exp:
+      return TCDecimalPower(kE, value);
+    case MathFunction::log:
+    case MathFunction::log10:
+      return DDDecimalNthLog(value, 10);
+    case MathFunction::ln:
+      return decimalFromLogarithm(std::log(value.doubleValue()));
+    case MathFunction::log2:
+      return DDDecimalNthLog(value, 2);
+    case MathFunction::fact:
+      return DDDecimalFactorial(value);
+    case MathFunction::sin:
+    case MathFunction::sind:
+      return inFloatingPoint(std::sin);
+    case MathFunction::sinh:
+      return inFloatingPoint(std::sinh);
+    case MathFunction::asin:
+      return inFloatingPoint(std::asin);
+    case MathFunction::asinh:
+      return inFloatingPoint(std::asinh);
+    case MathFunction::cos:
+    case MathFunction::cosd:
+      return inFloatingPoint(std::cos);
+    case MathFunction::cosh:
+      return inFloatingPoint(std::cosh);
+    case MathFunction::acos:
+      return inFloatingPoint(std::acos);
+    case MathFunction::acosh:
+      return inFloatingPoint(std::acosh);
+    case MathFunction::atan:
+      return inFloatingPoint(std::atan);
+    case MathFunction::atanh:
+      return inFloatingPoint(std::atanh);
+    case MathFunction::tan:
+      return inFloatingPoint(std::tan);
+    case MathFunction::tanh:
+      return inFloatingPoint(std::tanh);
+  }
+  return std::nullopt;
+}
+
+// ------------------------------------------------------------------------------------------------ fractions
+
+namespace {
+
+constexpr double kFractionPrecision = 1e-15;
+constexpr std::int64_t kGreatestDenominator = 2000;
+
+// The convergents of the continued fraction of x, 0 <= x <= 1, until one is near enough. The bound on the rest keeps
+// every quotient below 1e15 and the denominator below 1e16, so that nothing here overflows.
+FractionDescription continuedFraction(double x) {
+  const double whole = std::floor(x);
+  std::int64_t numerator = static_cast<std::int64_t>(whole), denominator = 1;
+  std::int64_t lastNumerator = 1, lastDenominator = 0;
+  double rest = x - whole;
+  for (;;) {
+    const auto k = static_cast<double>(denominator);
+    if (!(rest > kFractionPrecision * k * k)) break;
+    const double inverse = 1 / rest;
+    const double floorOfInverse = std::floor(inverse);
+    const auto quotient = static_cast<std::int64_t>(floorOfInverse);
+    const std::int64_t nextNumerator = quotient * numerator + lastNumerator;
+    const std::int64_t nextDenominator = quotient * denominator + lastDenominator;
+    lastNumerator = numerator;
+    lastDenominator = denominator;
+    numerator = nextNumerator;
+    denominator = nextDenominator;
+    rest = inverse - floorOfInverse;
+  }
+  return {numerator, denominator};
+}
+
+struct VulgarFraction {
+  FractionDescription fraction;
+  std::string_view character;
+};
+constexpr auto kVulgarFractions = std::to_array<VulgarFraction>({
+    {{1, 2}, "½"},
+    {{1, 3}, "⅓"},
+    {{2, 3}, "⅔"},
+    {{1, 4}, "¼"},
+    {{3, 4}, "¾"},
+    {{1, 5}, "⅕"},
+    {{2, 5}, "⅖"},
+    {{3, 5}, "⅗"},
+    {{4, 5}, "⅘"},
+    {{1, 6}, "⅙"},
+    {{5, 6}, "⅚"},
+    {{1, 8}, "⅛"},
+    {{3, 8}, "⅜"},
+    {{5, 8}, "⅝"},
+    {{7, 8}, "⅞"},
+});
+
+}  // namespace
+
+std::optional<FractionDescription> fractionDescription(const Decimal& value) {
+  if (value.isNaN() || value.isSignMinus()) return std::nullopt;
+  const FractionDescription fraction = continuedFraction(fractionalNumberComponent(value).doubleValue());
+  if (fraction.denominator > kGreatestDenominator || fraction.numerator < 1) return std::nullopt;
+  return fraction;
+}
+
+std::string FractionDescription::formattedProperFraction() const {
+  return std::to_string(numerator) + "/" + std::to_string(denominator);
+}
+
+std::optional<std::string> FractionDescription::vulgarFractionCharacter() const {
+  for (const VulgarFraction& row : kVulgarFractions) {
+    if (row.fraction == *this) return std::string(row.character);
+  }
+  return std::nullopt;
+}
+
+}  // namespace tavrine::foundation

@@ -1,0 +1,320 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/DecimalMath.h"
+
+namespace tavrine::foundation {
+namespace {
+
+Decimal D(std::string_view text) { return Decimal::parse(text).value(); }
+constexpr Decimal kNaN = Decimal::nan();
+
+TEST(DecimalMath, Powers) {
+  struct Case {
+    Decimal base, power, want;
+  };
+  const Case cases[] = {
+      {0, 0, 1},
+      {kNaN, 0, 1},
+      {2, 10, 1024},
+      {2, 100, "1267650600228229401496703205376"_dec},
+      {2, -2, "0.25"_dec},
+      {"0.5"_dec, 3, "0.125"_dec},
+      {"1.1"_dec, 2, "1.21"_dec},
+      {-2, 3, -8},
+      {10, 164, "1e164"_dec},
+      {10, -128, "1e-128"_dec},
+      // A fractional power goes through floating point.
+      {4, "0.5"_dec, 2},
+      {2, "0.5"_dec, "1.4142135623730951"_dec},
+      {-8, "0.5"_dec, kNaN},
+      // Beyond the range at either end.
+      {10, 165, kNaN},
+      {"0.5"_dec, 100000, kNaN},
+      {"0.7"_dec, 100000, kNaN},
+      {"-0.5"_dec, 100000, kNaN},
+      {0, -1, kNaN},
+      {2, kNaN, kNaN},
+      {kNaN, 2, kNaN},
+      // A power that no integer type holds keeps its parity.
+      {1, "1e100"_dec, 1},
+      {-1, "1e100"_dec, 1},
+      {-1, "12345678901234567890123456789012345677"_dec, -1},
+      {-1, "-12345678901234567890123456789012345677"_dec, -1},
+      {0, "1e100"_dec, 0},
+      {9, TCDecimalPower(9, 9), kNaN},
+  };
+  for (const Case& c : cases) EXPECT_EQ(TCDecimalPower(c.base, c.power), c.want) << c.base << " ^ " << c.power;
+
+  EXPECT_EQ(calculatePower(10, 200, RoundingMode::bankers).error, PowerCalculationError::overflow);
+  EXPECT_EQ(calculatePower("0.1"_dec, 200, RoundingMode::bankers).error, PowerCalculationError::underflow);
+  EXPECT_EQ(pow(-2, 3), -8);
+  EXPECT_EQ(pow(2, -2), "0.25"_dec);
+  EXPECT_TRUE(pow(2, std::numeric_limits<std::int64_t>::min()).isNaN());
+}
+
+TEST(DecimalMath, ModulusTakesTheSignOfTheDivisor) {
+  struct Case {
+    Decimal a, b, want;
+  };
+  const Case cases[] = {
+      {"7.5"_dec, 2, "1.5"_dec},
+      {7, -3, -2},
+      {-7, 3, 2},
+      {-7, -3, -1},
+      {6, 3, 0},
+      {5, 0, kNaN},
+      {kNaN, 3, kNaN},
+      {3, kNaN, kNaN},
+      {"1e-128"_dec, 1, "1e-128"_dec},
+  };
+  for (const Case& c : cases) EXPECT_EQ(DDDecimalMod(c.a, c.b), c.want) << c.a << " mod " << c.b;
+}
+
+// The loop as it is written down, without any way out but its tolerance and its limit.
+Decimal squareRootInAllRounds(const Decimal& value) {
+  constexpr auto mode = RoundingMode::bankers;
+  Decimal guess = value.exponent() > 2 ? value.withExponent(value.exponent() / 2) : value;
+  for (int round = 0; round < 999; ++round) {
+    guess = divide(add(divide(value, guess, mode), guess, mode), 2, mode);
+    if (subtract(multiply(guess, guess, mode), value, mode).magnitude() < "1e-64"_dec) break;
+  }
+  return guess;
+}
+Decimal rootInAllRounds(const Decimal& value, const Decimal& degree) {
+  constexpr auto mode = RoundingMode::bankers;
+  Decimal guess = value;
+  for (int round = 0; round < 999; ++round) {
+    const Decimal share = divide(value, TCDecimalPower(guess, degree - 1), mode);
+    guess = divide(add(multiply(degree - 1, guess, mode), share, mode), degree, mode);
+    if (subtract(TCDecimalPower(guess, degree), value, mode).magnitude() < "1e-64"_dec) break;
+  }
+  return guess;
+}
+
+TEST(DecimalMath, RootsLeaveEarlyWithTheSameDigits) {
+  std::vector<Decimal> values = {2, 3, 10, "0.5"_dec, "12345.678"_dec, "1e30"_dec, "1e-20"_dec, "7e37"_dec};
+  for (int i = 1; i <= 60; ++i) values.push_back(Decimal(i * i * 37 + i) / (i % 7 + 1));
+  for (const Decimal& value : values) {
+    EXPECT_EQ(DDDecimalSqrt(value), squareRootInAllRounds(value)) << value;
+    EXPECT_EQ(DDDecimalNthRoot(value, 3), rootInAllRounds(value, 3)) << value;
+  }
+  for (const Decimal& degree : {"2"_dec, "5"_dec, "2.5"_dec, "-2"_dec}) {
+    for (const Decimal& value : {"2"_dec, "0.3"_dec, "99"_dec}) {
+      EXPECT_EQ(DDDecimalNthRoot(value, degree), rootInAllRounds(value, degree)) << value << ", root " << degree;
+    }
+  }
+}
+
+TEST(DecimalMath, Roots) {
+  struct Case {
+    Decimal value, degree, want;
+  };
+  const Case cases[] = {
+      {0, 3, 0},
+      {27, 3, 3},
+      {-8, 3, -2},
+      {"0.001"_dec, 3, "0.1"_dec},
+      // The powers of the first guess would leave the range.
+      {"1e20"_dec, 10, 100},
+      {"1e60"_dec, 3, "1e20"_dec},
+      {"-1e60"_dec, 3, "-1e20"_dec},
+      // No such root.
+      {-4, 2, kNaN},
+      {-4, "2.5"_dec, kNaN},
+      {4, 0, kNaN},
+      {kNaN, 2, kNaN},
+      {4, kNaN, kNaN},
+  };
+  for (const Case& c : cases)
+    EXPECT_EQ(DDDecimalNthRoot(c.value, c.degree), c.want) << c.value << ", root " << c.degree;
+  EXPECT_EQ(DDDecimalNthRoot("1e-60"_dec, 3).rounded(30, RoundingMode::plain), "1e-20"_dec);
+  EXPECT_EQ(DDDecimalSqrt(0), 0);
+  EXPECT_EQ(DDDecimalSqrt(144), 12);
+  EXPECT_EQ(DDDecimalSqrt("1e164"_dec), "1e82"_dec);
+  EXPECT_EQ(DDDecimalSqrt(2), "1.4142135623730950488016887242096980786"_dec);
+  EXPECT_EQ(DDDecimalSqrt(-4), kNaN);
+}
+
+TEST(DecimalMath, Factorials) {
+  struct Case {
+    Decimal value, want;
+  };
+  const Case cases[] = {
+      {0, 1},
+      {5, 120},
+      {-3, 6},
+      {30, "265252859812191058636308480000000"_dec},
+      {34, D("295232799039604140847618609643520000000")},
+      {200, kNaN},
+      {"1e100"_dec, kNaN},
+      {"1000.5"_dec, kNaN},
+      {kNaN, kNaN},
+  };
+  for (const Case& c : cases) EXPECT_EQ(DDDecimalFactorial(c.value), c.want) << c.value;
+  EXPECT_FALSE(DDDecimalFactorial(103).isNaN());
+  // The gamma function, through floating point.
+  EXPECT_EQ(DDDecimalFactorial("0.5"_dec).rounded(13, RoundingMode::plain), "0.8862269254528"_dec);
+  EXPECT_EQ(DDDecimalFactorial("-1.5"_dec).rounded(13, RoundingMode::plain), "-3.5449077018110"_dec);
+}
+
+TEST(DecimalMath, Logarithms) {
+  EXPECT_EQ(DDDecimalNthLog(1, 10), 0);
+  EXPECT_EQ(DDDecimalNthLog(8, 2).rounded(14, RoundingMode::plain), 3);
+  EXPECT_EQ(DDDecimalNthLog(1000, 10).rounded(14, RoundingMode::plain), 3);
+  // A logarithm that is infinite or not a number counts as 0.
+  EXPECT_EQ(DDDecimalNthLog(0, 10), 0);
+  EXPECT_EQ(DDDecimalNthLog(-5, 10), 0);
+  EXPECT_EQ(DDDecimalNthLog(5, 1), kNaN);
+}
+
+TEST(DecimalMath, FunctionsByName) {
+  for (int i = 0; i < kMathFunctionCount; ++i) {
+    const auto function = static_cast<MathFunction>(i);
+    EXPECT_EQ(mathFunctionFromRawValue(rawValue(function)), function);
+  }
+  EXPECT_EQ(rawValue(MathFunction::assert_), "assert");
+  EXPECT_EQ(rawValue(MathFunction::cosd), "cosd");
+  EXPECT_EQ(mathFunctionFromRawValue("bankersRound"), MathFunction::bankersRound);
+  for (const std::string_view name : {"", "Sin", "bankersround", "sinx", "assert_"}) {
+    EXPECT_FALSE(mathFunctionFromRawValue(name).has_value()) << name;
+  }
+}
+
+TEST(DecimalMath, Functions) {
+  struct Case {
+    std::string_view function;
+    Decimal argument;
+    std::optional<std::string_view> want;  // to 14 places
+  };
+  const Case cases[] = {
+      {"unitstrip", "1.5"_dec, "1.5"},
+      {"sqrt", 16, "4"},
+      {"cbrt", 27, "3"},
+      {"ceil", "-1.5"_dec, "-1"},
+      {"floor", "-1.5"_dec, "-2"},
+      {"round", "2.5"_dec, "3"},
+      {"bankersRound", "2.5"_dec, "2"},
+      {"abs", -3, "3"},
+      {"exp", 1, "2.71828182845905"},
+      {"exp", "0.5"_dec, "1.64872127070013"},
+      {"log", 1000, "3"},
+      {"log10", 100, "2"},
+      {"log2", 8, "3"},
+      {"ln", 1, "0"},
+      {"ln", kE, "1"},
+      {"ln", 0, "0"},
+      {"fact", 4, "24"},
+      {"sin", 1, "0.8414709848079"},
+      {"sind", 1, "0.8414709848079"},
+      {"cos", 1, "0.54030230586814"},
+      {"cosd", 1, "0.54030230586814"},
+      {"tan", 1, "1.5574077246549"},
+      {"sinh", 1, "1.1752011936438"},
+      {"cosh", 1, "1.54308063481524"},
+      {"tanh", 1, "0.76159415595576"},
+      {"asin", 1, "1.5707963267949"},
+      {"acos", 1, "0"},
+      {"atan", 1, "0.78539816339745"},
+      {"asinh", 1, "0.88137358701954"},
+      {"acosh", 2, "1.31695789692482"},
+      {"atanh", "0.5"_dec, "0.54930614433405"},
+      // Beyond the domain, or too large.
+      {"asin", 2, std::nullopt},
+      {"acos", 2, std::nullopt},
+      {"atanh", 1, std::nullopt},
+      {"cosh", "1e5"_dec, std::nullopt},
+      {"sin", kNaN, std::nullopt},
+  };
+  for (const Case& c : cases) {
+    const auto value = MathFunctionsCalculator::evaluate(mathFunctionFromRawValue(c.function).value(), c.argument);
+    ASSERT_EQ(value.has_value(), c.want.has_value()) << c.function << " " << c.argument;
+    if (!value) continue;
+    EXPECT_EQ(value->rounded(14, RoundingMode::plain).description(), *c.want) << c.function;
+  }
+}
+
+TEST(DecimalMath, FractionalParts) {
+  EXPECT_EQ(fractionalNumberComponent("7.25"_dec), "0.25"_dec);
+  EXPECT_EQ(fractionalNumberComponent("-7.25"_dec), "0.75"_dec);
+  EXPECT_EQ(fractionalNumberComponent("1e100"_dec), 0);
+  EXPECT_TRUE(needsSiFormatting(-1000, 1000));
+  EXPECT_FALSE(needsSiFormatting(999, 1000));
+  EXPECT_FALSE(needsSiFormatting(0, 0));
+}
+
+TEST(DecimalMath, Fractions) {
+  struct Case {
+    Decimal value;
+    std::string_view want;  // empty: none
+    std::string_view character;
+  };
+  const Case cases[] = {
+      {"0.5"_dec, "1/2", "½"},
+      {"3.75"_dec, "3/4", "¾"},
+      {"0.333333333333333"_dec, "1/3", "⅓"},
+      {Decimal(2) / 3, "2/3", "⅔"},
+      {"0.625"_dec, "5/8", "⅝"},
+      {Decimal(1) / 7, "1/7", ""},
+      {Decimal(355) / 1999, "355/1999", ""},
+      {Decimal(1) / 2001, "", ""},
+      {"0.33"_dec, "33/100", ""},
+      {kPi, "", ""},
+      {5, "", ""},
+      {"-0.5"_dec, "", ""},
+      {"1e-128"_dec, "", ""},
+      {"1e164"_dec, "", ""},
+      {kNaN, "", ""},
+  };
+  for (const Case& c : cases) {
+    const auto fraction = fractionDescription(c.value);
+    EXPECT_EQ(fraction ? fraction->formattedProperFraction() : "", c.want) << c.value;
+    EXPECT_EQ(fraction ? fraction->vulgarFractionCharacter().value_or("") : "", c.character) << c.value;
+  }
+}
+
+// Whatever the arguments: an answer, and soon.
+TEST(DecimalMath, ExtremeArgumentsEndQuickly) {
+  const Decimal extremes[] = {kNaN,
+                              0,
+                              1,
+                              -1,
+                              "0.5"_dec,
+                              "-0.5"_dec,
+                              "1e164"_dec,
+                              "-1e164"_dec,
+                              "1e-128"_dec,
+                              "-1e-128"_dec,
+                              "1e18"_dec,
+                              "99999999999999999999.9"_dec,
+                              Decimal::greatestFiniteMagnitude(),
+                              "1.0000000000000000000000000000000000001"_dec};
+  const auto start = std::chrono::steady_clock::now();
+  int answers = 0;
+  for (const Decimal& a : extremes) {
+    static_cast<void>(fractionDescription(a));
+    for (int i = 0; i < kMathFunctionCount; ++i) {
+      const auto function = static_cast<MathFunction>(i);
+      if (function == MathFunction::assert_ || function == MathFunction::fromunix) continue;
+      answers += MathFunctionsCalculator::evaluate(function, a).has_value() ? 1 : 0;
+    }
+    for (const Decimal& b : extremes) {
+      static_cast<void>(TCDecimalPower(a, b));
+      static_cast<void>(DDDecimalMod(a, b));
+      static_cast<void>(DDDecimalNthRoot(a, b));
+      static_cast<void>(DDDecimalNthLog(a, b));
+    }
+  }
+  EXPECT_GT(answers, 100);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+}
+
+}  // namespace
+}  // namespace tavrine::foundation
