@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "Foundation/Decimal.h"
+#include "Foundation/NumberRecognition.h"  // IWYU pragma: export
 #include "Foundation/NumberSymbols.h"
 
 namespace tavrine::foundation {
@@ -44,20 +45,5 @@ struct NumberFormatter {
 
   std::string string(const Decimal& value) const;
 };
-
-/// Recognises a number as typed in a locale, strictly: the whole text must be digits with well-placed grouping, an
-/// optional decimal separator and digits, an optional exponent ("1e5"). At least one digit; a leading minus, no plus.
-///
-/// Groups must have their exact sizes ("1234,567" is no number), and one number uses one separator throughout. Besides
-/// its own separator a locale accepts any space and any apostrophe, and "." or "," where it uses neither to group nor
-/// this one as decimal separator. Digits of all scripts are accepted. Time is linear in the length.
-bool isStrictNumber(std::string_view text, const NumberSymbols& symbols);
-
-/// The value of such a text; absent where it isn't one. Beyond 38 digits it is rounded.
-std::optional<Decimal> parseStrict(std::string_view text, const NumberSymbols& symbols);
-
-/// The value of digits with an optional sign, the locale's decimal separator and an exponent, without any grouping:
-/// what is left of a number after its separators have been removed.
-std::optional<Decimal> parseUngrouped(std::string_view text, const NumberSymbols& symbols);
 
 }  // namespace tavrine::foundation
