@@ -47,7 +47,7 @@ class VariableList {
 
   /// In the order of `forEach`.
   [[nodiscard]] std::vector<Variable> allVariables() const;
-  /// Those that are known not to be phrases, without line references.
+  /// Those that are no phrases as far as is known, without line references.
   [[nodiscard]] std::vector<Variable> singleWordVariables() const;
   /// Those that are phrases, without line references; longest first (in characters) when `reverseSortByLength`.
   [[nodiscard]] std::vector<Variable> multiWordVariables(bool reverseSortByLength) const;

@@ -20,6 +20,21 @@ struct DegreesMinutesSeconds {
   Decimal seconds;
   std::optional<CardinalDirection> cardinalDirection;
 
+  /// The angle of so many degrees: 48.5 gives 48° 30′ 0″. Below zero the degrees are rounded down and the rest counts
+  /// upwards: -0.25 gives -1° 45′ 0″.
+  [[nodiscard]] static DegreesMinutesSeconds fromDecimal(const Decimal& decimalDegrees);
+
+  /// All three as degrees. The direction takes no part.
+  [[nodiscard]] Decimal decimalDegrees() const;
+
+  /// On the degrees; the result has no direction.
+  friend DegreesMinutesSeconds operator+(const DegreesMinutesSeconds& left, const DegreesMinutesSeconds& right) {
+    return fromDecimal(left.decimalDegrees() + right.decimalDegrees());
+  }
+  friend DegreesMinutesSeconds operator-(const DegreesMinutesSeconds& left, const DegreesMinutesSeconds& right) {
+    return fromDecimal(left.decimalDegrees() - right.decimalDegrees());
+  }
+
   [[nodiscard]] std::size_t hash() const { return hashOf(degrees, minutes, seconds, cardinalDirection); }
   friend bool operator==(const DegreesMinutesSeconds&, const DegreesMinutesSeconds&) = default;
 };

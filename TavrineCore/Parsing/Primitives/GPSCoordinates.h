@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Utility/Hashable.h"
 
 namespace tavrine {
+
+struct DegreesMinutesSeconds;
 
 /// A point on the earth in degrees: north and east are positive.
 struct GPSCoordinates {
@@ -15,6 +18,13 @@ struct GPSCoordinates {
 
   Decimal lat;
   Decimal long_;
+
+  /// Absent where a value lies beyond the earth or isn't a number.
+  [[nodiscard]] static std::optional<GPSCoordinates> make(const Decimal& latitude, const Decimal& longitude);
+
+  /// From two angles, the latitude first. A direction that is given must fit; south and west make a value negative.
+  [[nodiscard]] static std::optional<GPSCoordinates> make(const DegreesMinutesSeconds& latitude,
+                                                          const DegreesMinutesSeconds& longitude);
 
   [[nodiscard]] const Decimal& latitude() const { return lat; }
   [[nodiscard]] const Decimal& longitude() const { return long_; }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Imports.h"
@@ -12,6 +13,9 @@ namespace tavrine {
 struct Resolution {
   Decimal width;
   Decimal height;
+
+  /// Pixels per inch of a screen with this diagonal. Absent where a size is 0.
+  [[nodiscard]] std::optional<Decimal> ppiOfDeviceWith(const Decimal& screenSizeInInches) const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(width, height); }
   friend bool operator==(const Resolution&, const Resolution&) = default;

@@ -8,7 +8,7 @@
 
 namespace tavrine {
 
-/// A tax percentage that is named as such, as the number that was written: 20 for "VAT 20%".
+/// A tax percentage that is named as such, as a fraction: 0.2 for "VAT 20%".
 struct SalesTax {
   Decimal decimalValue;
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <stop_token>
 #include <string_view>
@@ -21,13 +20,14 @@ class SubsheetList {
 
   /// The subsheet with its result and what else evaluation finds, evaluated under the variables unless an answer for
   /// them is kept; absent when the name is unknown.
-  [[nodiscard]] virtual std::optional<Subsheet> evaluatedSubsheetWith(
-      const LineReference& identifier, const std::shared_ptr<const VariableList>& variables) = 0;
+  [[nodiscard]] virtual std::optional<Subsheet> evaluatedSubsheetWith(const LineReference& identifier,
+                                                                      const VariableList& variables) = 0;
 
   /// The same for a subsheet that has to wait for live data: evaluated afresh, the answer replacing the one kept.
   /// Blocks; to be called from a background thread. Absent also when stopped.
-  [[nodiscard]] virtual std::optional<Subsheet> evaluateSubsheetInBackground(
-      const LineReference& identifier, const std::shared_ptr<const VariableList>& variables, std::stop_token stop) = 0;
+  [[nodiscard]] virtual std::optional<Subsheet> evaluateSubsheetInBackground(const LineReference& identifier,
+                                                                             const VariableList& variables,
+                                                                             std::stop_token stop) = 0;
 };
 
 }  // namespace tavrine

@@ -1,0 +1,241 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "Foundation/Decimal.h"
+#include "Foundation/Locale.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/CalendarEnvironment.h"
+#include "TavrineCore/Parsing/Primitives/DegreesMinutesSeconds.h"
+#include "TavrineCore/Parsing/Primitives/GPSCoordinates.h"
+#include "TavrineCore/Parsing/Primitives/MidiNumber.h"
+#include "TavrineCore/Parsing/Primitives/Percentage.h"
+#include "TavrineCore/Parsing/Primitives/Pitch.h"
+#include "TavrineCore/Parsing/Primitives/Resolution.h"
+#include "TavrineCore/Parsing/Primitives/SIThreshold.h"
+
+namespace tavrine {
+namespace {
+
+Decimal dec(std::string_view text) { return Decimal::parse(text).value(); }
+
+TEST(PitchTest, ReadsExactlyTheNotationThatItWrites) {
+  for (const std::string_view text : {"A4", "C0", "B9", "A#3", "Bb3", "E#5", "Fb2"}) {
+    const std::optional<Pitch> pitch = Pitch::fromNotation(text);
+    ASSERT_TRUE(pitch) << text;
+    EXPECT_EQ(pitch->notationString(), text);
+  }
+  for (const std::string_view text :
+       {"", "A", "4", "H4", "a4", "A10", "A##4", "Ab", "A-1", "A♯4", "A4 ", "b#3", "A#"}) {
+    EXPECT_FALSE(Pitch::fromNotation(text)) << text;
+  }
+}
+
+TEST(PitchTest, FrequenciesFollowEqualTemperament) {
+  struct Case {
+    std::string_view notation;
+    std::string_view want;  // hertz, rounded to 6 places
+  };
+  constexpr Case kCases[] = {
+      {"A4", "440"},
+      // Whole octaves are exact, in both directions.
+      {"A5", "880"},
+      {"A0", "27.5"},
+      {"C4", "261.625565"},
+      {"B4", "493.883301"},
+      {"G9", "12543.853951"},
+      // One key, two names, also across the border of the octave.
+      {"A#3", "233.081881"},
+      {"Bb3", "233.081881"},
+      {"B#3", "246.941651"},
+      {"Cb4", "246.941651"},
+  };
+  for (const Case& c : kCases) {
+    const Decimal frequency = Pitch::frequencyFor(Pitch::fromNotation(c.notation).value());
+    // B#3 is a semitone above B3 by the arithmetic of its own octave.
+    if (c.notation == "B#3") {
+      EXPECT_EQ(frequency, Pitch::frequencyFor(Pitch::fromNotation("C4").value()));
+      continue;
+    }
+    EXPECT_EQ(frequency.rounded(6, RoundingMode::plain), dec(c.want)) << c.notation;
+  }
+  EXPECT_EQ(Pitch::frequencyFor(Pitch::fromNotation("A5").value()), Decimal(880));
+  EXPECT_EQ(Pitch::frequencyFor({.note = Pitch::NoteName::A, .modifier = {}, .octave = 2000000000}), Decimal(0));
+}
+
+TEST(MidiNumberTest, TakesTheNearestKeyWithinTheKeyboard) {
+  struct Case {
+    std::string_view frequency;
+    std::optional<int> want;
+  };
+  const Case cases[] = {
+      {"440", 69}, {"261.63", 60}, {"450", 69},  {"453", 70},       {"26", 20},    {"25.999", {}},
+      {"25", {}},  {"0", {}},      {"-440", {}}, {"12543.85", 127}, {"13000", {}}, {"1e120", {}},
+  };
+  for (const Case& c : cases) {
+    const std::optional<MidiNumber> key = MidiNumber::fromFrequency(dec(c.frequency));
+    EXPECT_EQ(key ? std::optional(key->number) : std::nullopt, c.want) << c.frequency;
+  }
+  EXPECT_FALSE(MidiNumber::fromFrequency(Decimal::nan()));
+}
+
+TEST(MidiNumberTest, NamesTheKeysOfAPiano) {
+  EXPECT_EQ(MidiNumber{127}.notation(), "G9");
+  EXPECT_EQ(MidiNumber{126}.notation(), "F#9");
+  EXPECT_EQ(MidiNumber{123}.notation(), "D#9");
+  EXPECT_EQ(MidiNumber{69}.notation(), "A4");
+  EXPECT_EQ(MidiNumber{60}.notation(), "C4");
+  EXPECT_EQ(MidiNumber{21}.notation(), "A0");
+  EXPECT_FALSE(MidiNumber{20}.notation());
+  EXPECT_FALSE(MidiNumber{128}.notation());
+  EXPECT_FALSE(MidiNumber{-1}.notation());
+}
+
+TEST(MidiNumberTest, EveryKeyFindsItselfAgainByItsFrequency) {
+  for (int number = 21; number <= MidiNumber::maximumMidiNumber; ++number) {
+    const std::optional<Pitch> pitch = Pitch::fromNotation(MidiNumber{number}.notation().value());
+    ASSERT_TRUE(pitch) << number;
+    const std::optional<MidiNumber> key = MidiNumber::fromFrequency(Pitch::frequencyFor(*pitch));
+    // The lowest keys lie at the limit of 26 Hz, but above it.
+    ASSERT_TRUE(key) << number;
+    EXPECT_EQ(key->number, number);
+  }
+}
+
+DegreesMinutesSeconds angle(std::string_view degrees, std::string_view minutes, std::string_view seconds,
+                            std::optional<DegreesMinutesSeconds::CardinalDirection> direction = {}) {
+  return {dec(degrees), dec(minutes), dec(seconds), direction};
+}
+
+TEST(DegreesMinutesSecondsTest, GoesToDegreesAndBack) {
+  struct Case {
+    std::string_view decimal, degrees, minutes, seconds;
+  };
+  constexpr Case kCases[] = {
+      {"48.5", "48", "30", "0"},
+      {"0.01", "0", "0", "36"},
+      {"2.5125", "2", "30", "45"},
+      {"0", "0", "0", "0"},
+      // Degrees are rounded down, so that what is left is never negative.
+      {"-0.25", "-1", "45", "0"},
+  };
+  for (const Case& c : kCases) {
+    const DegreesMinutesSeconds dms = DegreesMinutesSeconds::fromDecimal(dec(c.decimal));
+    EXPECT_EQ(dms, angle(c.degrees, c.minutes, c.seconds)) << c.decimal;
+    EXPECT_EQ(dms.decimalDegrees(), dec(c.decimal));
+  }
+  // Minutes beyond 59 and sums carry over.
+  EXPECT_EQ(angle("10", "50", "40") + angle("0", "9", "20"), angle("11", "0", "0"));
+  EXPECT_EQ(angle("11", "0", "0") - angle("0", "90", "0"), angle("9", "30", "0"));
+}
+
+TEST(GPSCoordinatesTest, DirectionsMustFitAndGiveTheSign) {
+  using enum DegreesMinutesSeconds::CardinalDirection;
+  const auto coordinates = [](auto latitudeDirection, auto longitudeDirection) {
+    return GPSCoordinates::make(angle("10", "30", "0", latitudeDirection), angle("20", "15", "0", longitudeDirection));
+  };
+  const std::optional<DegreesMinutesSeconds::CardinalDirection> none;
+  EXPECT_EQ(coordinates(none, none), (GPSCoordinates{dec("10.5"), dec("20.25")}));
+  EXPECT_EQ(coordinates(std::optional(north), std::optional(east)), (GPSCoordinates{dec("10.5"), dec("20.25")}));
+  EXPECT_EQ(coordinates(std::optional(south), std::optional(west)), (GPSCoordinates{dec("-10.5"), dec("-20.25")}));
+  EXPECT_FALSE(coordinates(std::optional(east), std::optional(north)));
+  EXPECT_FALSE(coordinates(none, std::optional(south)));
+}
+
+TEST(GPSCoordinatesTest, EndsWithTheEarth) {
+  EXPECT_TRUE(GPSCoordinates::make(Decimal(90), Decimal(-180)));
+  EXPECT_FALSE(GPSCoordinates::make(dec("90.0001"), Decimal(0)));
+  EXPECT_FALSE(GPSCoordinates::make(Decimal(0), dec("-180.0001")));
+  EXPECT_FALSE(GPSCoordinates::make(Decimal::nan(), Decimal(0)));
+  EXPECT_FALSE(GPSCoordinates::make(angle("90", "0", "1"), angle("0", "0", "0")));
+}
+
+TEST(ResolutionTest, DensityNeedsSizes) {
+  EXPECT_EQ((Resolution{3, 4}).ppiOfDeviceWith(dec("2.5")), Decimal(2));
+  EXPECT_EQ((Resolution{1920, 1080}).ppiOfDeviceWith(24)->rounded(4, RoundingMode::plain), dec("91.7878"));
+  EXPECT_FALSE((Resolution{0, 1080}).ppiOfDeviceWith(24));
+  EXPECT_FALSE((Resolution{1920, 0}).ppiOfDeviceWith(24));
+  EXPECT_FALSE((Resolution{1920, 1080}).ppiOfDeviceWith(0));
+}
+
+TEST(PercentageTest, SumsAreThoseOfTheFractions) {
+  EXPECT_EQ(Percentage{dec("0.2")} + Percentage{dec("0.055")}, Percentage{dec("0.255")});
+  EXPECT_EQ(Percentage{dec("0.2")} - Percentage{dec("0.3")}, Percentage{dec("-0.1")});
+}
+
+TEST(SIThresholdTest, PrefixesAreExact) {
+  for (const std::string_view prefix : {"k", "K", "Ki", "kibi", "kilo"}) {
+    EXPECT_EQ(thresholdForSIPrefix(prefix), SIThreshold::thousand) << prefix;
+  }
+  EXPECT_EQ(thresholdForSIPrefix("M"), SIThreshold::million);
+  EXPECT_EQ(thresholdForSIPrefix("Gi"), SIThreshold::billion);
+  EXPECT_EQ(thresholdForSIPrefix("tera"), SIThreshold::trillion);
+  for (const std::string_view prefix : {"", "m", "g", "t", "Mi", "Kilo", "P", "B", "kk"}) {
+    EXPECT_FALSE(thresholdForSIPrefix(prefix)) << prefix;
+  }
+}
+
+TEST(SIThresholdTest, RawValuesArePowersOfTen) {
+  struct Case {
+    SIThreshold threshold;
+    std::string_view want;
+  };
+  constexpr Case kCases[] = {
+      {SIThreshold::pentillion, "1e27"},  {SIThreshold::septillion, "1e24"},  {SIThreshold::sextillion, "1e21"},
+      {SIThreshold::quintillion, "1e18"}, {SIThreshold::quadrillion, "1e15"}, {SIThreshold::trillion, "1e12"},
+      {SIThreshold::billion, "1e9"},      {SIThreshold::million, "1e6"},      {SIThreshold::hundredThousand, "1e5"},
+      {SIThreshold::thousand, "1e3"},
+  };
+  for (const Case& c : kCases) {
+    EXPECT_EQ(valueOf(c.threshold), dec(c.want)) << toString(c.threshold);
+    EXPECT_EQ(siThresholdFromRawValue(rawValueOf(c.threshold)), c.threshold);
+  }
+  EXPECT_FALSE(siThresholdFromRawValue("10000"));
+}
+
+TEST(SIThresholdTest, AbbreviatesWithTheLargestLetterThatFits) {
+  struct Case {
+    std::string_view number;
+    std::optional<std::string> want;
+  };
+  const Case cases[] = {
+      {"1500000", "1.5M"}, {"100000", "100k"},    {"999999", "999.999k"},
+      {"1000", "1k"},      {"999.9", {}},         {"0", {}},
+      {"0.5", {}},         {"-2500", "-2.5k"},    {"-12000000", "-12M"},
+      {"3e9", "3G"},       {"1234e12", "1,234T"}, {"-999", {}},
+  };
+  const Locale english("en_US");
+  for (const Case& c : cases) {
+    EXPECT_EQ(siFormattedNumber(dec(c.number), english, 3), c.want) << c.number;
+  }
+  EXPECT_EQ(siFormattedNumber(dec("1234567"), english, 1), "1.2M");
+  EXPECT_EQ(siFormattedNumber(dec("1500000"), Locale("de_DE"), 3), "1,5M");
+  EXPECT_FALSE(siFormattedNumber(Decimal::nan(), english, 3));
+}
+
+TEST(CalendarEnvironmentTest, AHolidayIsADayOfOneYear) {
+  const Calendar calendar(Calendar::Identifier::gregorian);
+  const CalendarEnvironment environment(
+      calendar, {{.day = 25, .month = 12, .year = 2024}, {.day = 25, .month = 12, .year = 2025}});
+  const auto isHoliday = [&](int year, int month, int day) {
+    DateComponents components;
+    components.year = year;
+    components.month = month;
+    components.day = day;
+    return environment.isHoliday(components);
+  };
+  EXPECT_TRUE(isHoliday(2024, 12, 25));
+  EXPECT_TRUE(isHoliday(2025, 12, 25));
+  EXPECT_FALSE(isHoliday(2026, 12, 25));
+  EXPECT_FALSE(isHoliday(2024, 12, 24));
+  EXPECT_FALSE(isHoliday(2024, 11, 25));
+  EXPECT_FALSE(environment.isHoliday(DateComponents{}));
+  EXPECT_FALSE(environment == CalendarEnvironment(calendar));
+  EXPECT_TRUE(CalendarEnvironment(calendar) == CalendarEnvironment(calendar, {}));
+}
+
+}  // namespace
+}  // namespace tavrine
