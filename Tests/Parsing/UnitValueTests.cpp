@@ -122,7 +122,8 @@ TEST(UnitIdentifierTest, KindsAgreeWithNames) {
     const auto type = static_cast<UnitType>(i);
     EXPECT_EQ(unitTypeNamed(toString(type)), type);
     const UnitIdentifier base = baseUnitIdentifierOf(type);
-    if (base != UnitIdentifier::seconds) EXPECT_EQ(unitTypeOf(base), type) << toString(type);
+    if (base == UnitIdentifier::seconds) continue;
+    EXPECT_EQ(unitTypeOf(base), type) << toString(type);
   }
 }
 
