@@ -1,0 +1,96 @@
+#pragma once
+
+#include <cstddef>
+#include <iterator>
+#include <span>
+#include <vector>
+
+#include "TavrineCore/Parsing/Tokens/Token.h"
+
+namespace tavrine {
+
+/// A sequence of tokens with a gap where it was last edited, so that a run of edits at neighbouring places, in either
+/// direction, costs what the edits move and not what stands behind them. The tokens behind the gap are kept in reverse
+/// order: both sides grow and shrink at the gap.
+class TokenBuffer {
+ public:
+  /// Hops the gap.
+  class Iterator {
+   public:
+    using iterator_category = std::random_access_iterator_tag;
+    using value_type = Token;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Token*;
+    using reference = const Token&;
+
+    Iterator() = default;
+    Iterator(const TokenBuffer* buffer, std::size_t index) noexcept : buffer_(buffer), index_(index) {}
+
+    reference operator*() const noexcept { return (*buffer_)[index_]; }
+    pointer operator->() const noexcept { return &(*buffer_)[index_]; }
+    reference operator[](difference_type n) const noexcept { return *(*this + n); }
+    Iterator& operator++() noexcept { return ++index_, *this; }
+    Iterator& operator--() noexcept { return --index_, *this; }
+    Iterator operator++(int) noexcept { return {buffer_, index_++}; }
+    Iterator operator--(int) noexcept { return {buffer_, index_--}; }
+    Iterator& operator+=(difference_type n) noexcept {
+      index_ += static_cast<std::size_t>(n);
+      return *this;
+    }
+    Iterator& operator-=(difference_type n) noexcept { return *this += -n; }
+    friend Iterator operator+(Iterator it, difference_type n) noexcept { return it += n; }
+    friend Iterator operator+(difference_type n, Iterator it) noexcept { return it += n; }
+    friend Iterator operator-(Iterator it, difference_type n) noexcept { return it -= n; }
+    friend difference_type operator-(Iterator a, Iterator b) noexcept {
+      return static_cast<difference_type>(a.index_) - static_cast<difference_type>(b.index_);
+    }
+    friend bool operator==(const Iterator& a, const Iterator& b) noexcept { return a.index_ == b.index_; }
+    friend auto operator<=>(const Iterator& a, const Iterator& b) noexcept { return a.index_ <=> b.index_; }
+
+   private:
+    const TokenBuffer* buffer_ = nullptr;
+    std::size_t index_ = 0;
+  };
+
+  TokenBuffer() = default;
+  explicit TokenBuffer(std::vector<Token> tokens) noexcept : front_(std::move(tokens)) {}
+  /// A copy has no gap.
+  TokenBuffer(const TokenBuffer& other);
+  TokenBuffer(TokenBuffer&&) noexcept = default;
+  TokenBuffer& operator=(const TokenBuffer& other);
+  TokenBuffer& operator=(TokenBuffer&&) noexcept = default;
+  ~TokenBuffer() = default;
+
+  [[nodiscard]] std::size_t size() const noexcept { return front_.size() + back_.size(); }
+  [[nodiscard]] bool empty() const noexcept { return front_.empty() && back_.empty(); }
+
+  [[nodiscard]] const Token& operator[](std::size_t index) const noexcept {
+    return index < front_.size() ? front_[index] : back_[size() - 1 - index];
+  }
+  [[nodiscard]] Token& operator[](std::size_t index) noexcept {
+    return index < front_.size() ? front_[index] : back_[size() - 1 - index];
+  }
+  [[nodiscard]] Iterator begin() const noexcept { return {this, 0}; }
+  [[nodiscard]] Iterator end() const noexcept { return {this, size()}; }
+
+  /// All tokens side by side. Closes the gap: costs a move of each token behind it.
+  [[nodiscard]] std::span<const Token> contiguous() noexcept;
+  /// The same where the gap is known to be closed.
+  [[nodiscard]] bool hasGap() const noexcept { return !back_.empty(); }
+
+  void append(Token token);
+  void insert(std::size_t index, Token token);
+  /// Replaces the `count` tokens from `first` on by one. Costs the way of the gap to the nearest end of the run.
+  void replace(std::size_t first, std::size_t count, Token token);
+  void erase(std::size_t first, std::size_t count);
+
+ private:
+  /// Brings the gap to the nearest place within `first` ... `last` (both are places between tokens).
+  void moveGapInto(std::size_t first, std::size_t last);
+  void dropRun(std::size_t first, std::size_t count);
+
+  std::vector<Token> front_;
+  std::vector<Token> back_;
+};
+
+}  // namespace tavrine
