@@ -16,8 +16,8 @@ class FunctionRef<Result(Arguments...)> {
  public:
   template <class Callable>
   requires(!std::is_same_v<std::remove_cvref_t<Callable>, FunctionRef> &&
-           std::is_invocable_r_v<Result, Callable&, Arguments...>)
-      FunctionRef(Callable&& callable) noexcept  // NOLINT(google-explicit-constructor): a parameter takes any callable
+           std::is_invocable_r_v<Result, Callable&, Arguments...>) FunctionRef(Callable&& callable)
+  noexcept  // NOLINT(google-explicit-constructor): a parameter takes any callable
       : object_(const_cast<void*>(static_cast<const void*>(std::addressof(callable)))),
         call_([](void* object, Arguments... arguments) -> Result {
           return static_cast<Result>(

@@ -33,19 +33,25 @@ constexpr CharacterType typeOfAscii(unsigned char c) {
 constexpr CharacterType typeOfLatin1(char32_t scalar) {
   switch (scalar) {
     case 0x85:
-    case 0xA0: return CharacterType::whitespace;
+    case 0xA0:
+      return CharacterType::whitespace;
     case 0xB2:
     case 0xB3:
     case 0xB9:
     case 0xBC:
     case 0xBD:
-    case 0xBE: return CharacterType::number;
+    case 0xBE:
+      return CharacterType::number;
     case 0xAA:
-    case 0xB5: return CharacterType::letter;
-    case 0xAD: return CharacterType::other;  // the soft hyphen, a format character
+    case 0xB5:
+      return CharacterType::letter;
+    case 0xAD:
+      return CharacterType::other;  // the soft hyphen, a format character
     case 0xD7:
-    case 0xF7: return CharacterType::symbol;
-    default: break;
+    case 0xF7:
+      return CharacterType::symbol;
+    default:
+      break;
   }
   if (scalar < 0xA0) return CharacterType::other;
   return scalar >= 0xC0 ? CharacterType::letter : CharacterType::symbol;
@@ -82,8 +88,10 @@ CharacterType withMarks(CharacterType bare) {
     case CharacterType::comma:
     case CharacterType::apostrophe:
     case CharacterType::hash:
-    case CharacterType::underscore: return CharacterType::symbol;
-    default: return bare;
+    case CharacterType::underscore:
+      return CharacterType::symbol;
+    default:
+      return bare;
   }
 }
 

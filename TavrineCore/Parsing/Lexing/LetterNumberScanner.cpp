@@ -14,8 +14,7 @@ std::vector<LetterNumberScanner::LetterNumberToken> LetterNumberScanner::scanStr
   for (ClusterIterator it(text); !it.atEnd(); it.advance()) {
     const CharacterType type = CharacterClassifier::determineType(it.cluster());
     if (type != CharacterType::letter && type != CharacterType::number) return {};
-    const auto runType =
-        type == CharacterType::letter ? LetterNumberTokenType::letter : LetterNumberTokenType::number;
+    const auto runType = type == CharacterType::letter ? LetterNumberTokenType::letter : LetterNumberTokenType::number;
     if (tokens.empty() || tokens.back().type != runType) tokens.push_back({runType, {}, {utf16Offset, 0}});
     const auto length = static_cast<std::uint32_t>(utf16Length(it.cluster()));
     tokens.back().value += it.cluster();

@@ -32,8 +32,7 @@ inline constexpr CharacterTypeSet numberTail{CharacterType::number, CharacterTyp
 inline constexpr CharacterTypeSet wordHead{CharacterType::letter, CharacterType::underscore, CharacterType::hash};
 inline constexpr CharacterTypeSet wordBody{CharacterType::letter, CharacterType::apostrophe, CharacterType::dot,
                                            CharacterType::number, CharacterType::underscore, CharacterType::hash};
-inline constexpr CharacterTypeSet wordTail{CharacterType::letter, CharacterType::apostrophe,
-                                           CharacterType::underscore};
+inline constexpr CharacterTypeSet wordTail{CharacterType::letter, CharacterType::apostrophe, CharacterType::underscore};
 inline constexpr CharacterTypeSet clusterHead{CharacterType::letter, CharacterType::underscore};
 inline constexpr CharacterTypeSet clusterBody{CharacterType::letter, CharacterType::number, CharacterType::underscore,
                                               CharacterType::dot,    CharacterType::comma,  CharacterType::hash};

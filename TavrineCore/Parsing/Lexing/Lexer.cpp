@@ -12,8 +12,8 @@
 namespace tavrine {
 
 std::string_view toString(LexemeType type) {
-  constexpr std::array<std::string_view, 6> kNames = {"whitespace", "number",            "symbol",
-                                                      "word",       "wordNumberCluster", "other"};
+  constexpr std::array<std::string_view, 6> kNames = {"whitespace",        "number", "symbol", "word",
+                                                      "wordNumberCluster", "other"};
   return kNames[static_cast<std::size_t>(type)];
 }
 
@@ -95,8 +95,8 @@ class Scanner {
  private:
   /// Tries the kinds of lexeme in their order.
   std::size_t endOfLexeme(std::size_t start, LexemeType& type) {
-    for (const LexemeType candidate : {LexemeType::whitespace, LexemeType::number, LexemeType::symbol,
-                                       LexemeType::word, LexemeType::wordNumberCluster}) {
+    for (const LexemeType candidate : {LexemeType::whitespace, LexemeType::number, LexemeType::symbol, LexemeType::word,
+                                       LexemeType::wordNumberCluster}) {
       if (!kHeads[index(candidate)].contains(characters_.type(start))) continue;
       if (const std::size_t end = scan(start, candidate); end != start) {
         type = candidate;
@@ -133,10 +133,12 @@ class Scanner {
       case LexemeType::wordNumberCluster:
         return (character != CharacterType::dot && character != CharacterType::comma) ||
                isFollowedBy(at, CharacterType::number);
-      case LexemeType::word: return character != CharacterType::dot || isFollowedBy(at, CharacterType::letter);
+      case LexemeType::word:
+        return character != CharacterType::dot || isFollowedBy(at, CharacterType::letter);
       case LexemeType::whitespace:
       case LexemeType::symbol:
-      case LexemeType::other: return true;
+      case LexemeType::other:
+        return true;
     }
     return true;
   }
@@ -148,8 +150,10 @@ class Scanner {
   Lexeme lexeme(std::size_t start, std::size_t end, LexemeType type) const {
     const std::size_t firstByte = characters_.byteOffset(start);
     const std::size_t firstUnit = characters_.utf16Offset(start);
-    return {text_.substr(firstByte, characters_.byteOffset(end) - firstByte), firstByte,
-            {narrow(firstUnit), narrow(characters_.utf16Offset(end) - firstUnit)}, type};
+    return {text_.substr(firstByte, characters_.byteOffset(end) - firstByte),
+            firstByte,
+            {narrow(firstUnit), narrow(characters_.utf16Offset(end) - firstUnit)},
+            type};
   }
 
   static constexpr std::size_t index(LexemeType type) { return static_cast<std::size_t>(type); }

@@ -116,9 +116,7 @@ class Token {
 
   // --- The token among its neighbours ----------------------------------------------------------------------------
 
-  [[nodiscard]] bool isVariable() const noexcept {
-    return type == TokenType::variable || type == TokenType::subsheet;
-  }
+  [[nodiscard]] bool isVariable() const noexcept { return type == TokenType::variable || type == TokenType::subsheet; }
   /// The innermost last subtoken that is no white space; the token itself where it has none.
   [[nodiscard]] const Token& lastSubTokenOrSelf() const;
   /// From the start of `other` to the end of this token; its own length when the two are equal, 0 when `other` starts

@@ -1,5 +1,6 @@
 #include "TavrineCore/Parsing/Tokens/TokenBuffer.h"
 
+#include <functional>
 #include <utility>
 
 namespace tavrine {
@@ -24,9 +25,22 @@ TokenBuffer& TokenBuffer::operator=(const TokenBuffer& other) {
   return *this;
 }
 
-std::span<const Token> TokenBuffer::contiguous() noexcept {
+std::span<const Token> TokenBuffer::contiguous() {
   moveGapInto(size(), size());
   return front_;
+}
+
+std::optional<std::size_t> TokenBuffer::indexOfAddress(const Token& token) const noexcept {
+  const auto indexIn = [&token](const std::vector<Token>& tokens) -> std::optional<std::size_t> {
+    // Pointers into different arrays have no order of their own; `std::less` gives them one.
+    constexpr std::less<const Token*> isBefore;
+    const Token* start = tokens.data();
+    if (tokens.empty() || isBefore(&token, start) || !isBefore(&token, start + tokens.size())) return std::nullopt;
+    return static_cast<std::size_t>(&token - start);
+  };
+  if (const auto index = indexIn(front_)) return index;
+  if (const auto index = indexIn(back_)) return size() - 1 - *index;
+  return std::nullopt;
 }
 
 void TokenBuffer::append(Token token) { insert(size(), std::move(token)); }

@@ -2,7 +2,9 @@
 
 #include <cstddef>
 #include <iterator>
+#include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "TavrineCore/Parsing/Tokens/Token.h"
@@ -73,10 +75,12 @@ class TokenBuffer {
   [[nodiscard]] Iterator begin() const noexcept { return {this, 0}; }
   [[nodiscard]] Iterator end() const noexcept { return {this, size()}; }
 
-  /// All tokens side by side. Closes the gap: costs a move of each token behind it.
-  [[nodiscard]] std::span<const Token> contiguous() noexcept;
-  /// The same where the gap is known to be closed.
-  [[nodiscard]] bool hasGap() const noexcept { return !back_.empty(); }
+  /// All tokens side by side. Closes the gap: costs a move of each token behind it, and changes nothing where there is
+  /// no gap.
+  [[nodiscard]] std::span<const Token> contiguous();
+
+  /// Where the buffer keeps this very token; nothing for a token that lives elsewhere, equal or not.
+  [[nodiscard]] std::optional<std::size_t> indexOfAddress(const Token& token) const noexcept;
 
   void append(Token token);
   void insert(std::size_t index, Token token);

@@ -70,8 +70,8 @@ class TokenFactory {
   /// The tokens between brackets, as one token that evaluates like one that was typed.
   [[nodiscard]] static Token subexpressionWith(std::vector<Token> tokens);
 
-  /// The value in the shape of the template: 30 like "20%" is "30%". Nothing for a template that is no number, fraction,
-  /// unit expression, percentage or rate.
+  /// The value in the shape of the template: 30 like "20%" is "30%". Nothing for a template that is no number,
+  /// fraction, unit expression, percentage or rate.
   [[nodiscard]] static std::optional<Token> tokenWith(const Decimal& decimalValue, const Token& matchingTypeOf);
 
   // --- Converters: append one to a list to convert its result ------------------------------------------------------

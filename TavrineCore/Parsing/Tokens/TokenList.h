@@ -109,7 +109,7 @@ class TokenList {
   [[nodiscard]] const Token* firstTokenOfType(const TokenTypeSet& types) const;
   [[nodiscard]] const Token* lastTokenOfType(const TokenTypeSet& types) const;
   [[nodiscard]] std::vector<Token> tokensOfType(const TokenTypeSet& types) const;
-  /// At every depth, not looking into the parents of the given types.
+  /// At every depth, but for those whose parent has one of the excluded types.
   [[nodiscard]] std::vector<Token> allTokensOfType(const TokenTypeSet& types,
                                                    const TokenTypeSet& excludedParents = {}) const;
   /// The token when there is exactly one.
@@ -282,8 +282,8 @@ class TokenList {
 
   /// "(…)" → one subexpression, at every depth, innermost first. A bracket behind the name of a function is left to
   /// the pass for functions, one without a partner stays a bracket, and comments are left alone.
-  /// Pairs that lie deeper than `maximumNesting` pairs stay plain brackets. Gives the depth of the deepest pair, so that
-  /// the caller can tell. Linear in the line, for a bounded depth.
+  /// Pairs that lie deeper than `maximumNesting` pairs stay plain brackets. Gives the depth of the deepest pair, so
+  /// that the caller can tell. Linear in the line, for a bounded depth.
   std::size_t wrapBracketsInSubexpressions(std::size_t maximumNesting = kMaximumNesting);
 
   /// The same tokens with ranges that follow from their texts, from `offset` on, at every depth. With
@@ -350,16 +350,21 @@ class TokenList {
   [[nodiscard]] const StringSet& allStrings(bool lowercased) const;
 
  private:
-  friend class TokenListEditor;
+  friend class TokenListWalk;
 
   void rememberTypesOf(const Token& token);
-  void noteEdit() noexcept { ++modificationCount_; }
-  void noteOrderAround(std::size_t index) noexcept;
+  /// After an edit at the index.
+  void noteEditAt(std::size_t index);
+  [[nodiscard]] bool isOrderedAt(std::size_t index) const noexcept;
+  /// Takes other tokens in place of all. What has been present stays remembered.
+  void adopt(std::vector<Token> tokens);
+  /// `indexOf` for a token that most likely still stands at `hint`.
+  [[nodiscard]] std::optional<std::size_t> indexOf(const Token& token, std::size_t hint) const;
+  [[nodiscard]] std::optional<TokenList> clauseBehind(const TokenSubTypeSet& keywords, TokenSubType endKeyword) const;
   void countEnumeration() const {
     if (onEnumerateTokens) onEnumerateTokens();
   }
-  void dropStringCaches() noexcept;
-  void destroyTokens() noexcept;
+  void releaseTokens() noexcept;
 
   mutable TokenBuffer tokens_;
   TokenTypeSet typesEverPresent_;

@@ -81,12 +81,12 @@ class TokenMetadata {
 using TokenMetadataRef = std::shared_ptr<const TokenMetadata>;
 
 /// The base of the metadata of one kind.
-template <TokenMetadataKind kind>
+template <TokenMetadataKind metadataKind>
 struct TokenMetadataOf : TokenMetadata {
-  static constexpr TokenMetadataKind kKind = kind;
+  static constexpr TokenMetadataKind kKind = metadataKind;
 
  protected:
-  constexpr TokenMetadataOf() noexcept : TokenMetadata(kind) {}
+  constexpr TokenMetadataOf() noexcept : TokenMetadata(metadataKind) {}
   ~TokenMetadataOf() = default;
 };
 
