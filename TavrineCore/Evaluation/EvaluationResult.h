@@ -134,7 +134,7 @@ class EvaluationResult {
   /// A token with this value. The blank token where a token can't carry it: `resolution`, `customType`, `list`, `none`.
   [[nodiscard]] Token tokenized() const;
 
-  /// The number inside, if there is one: 0.2 of "20%", 5 of "5 km", 440 of the pitch A4.
+  /// The number inside, if there is one: 0.2 of "20%", 5 of "5 km", the key 69 of the pitch A4.
   [[nodiscard]] std::optional<Decimal> decimalValue() const;
 
   /// A plain rendering for use within documents, not for display: "0.2" of "20%", "2x", "true".
