@@ -225,22 +225,4 @@ const EvaluationResult* pendingOrFailureResult(std::span<const EvaluationResult>
   return nullptr;
 }
 
-// A list is declared where no result is known, and its members are looked at here.
-
-std::size_t List::count() const { return members ? members->size() : 0; }
-
-std::size_t List::hash() const {
-  std::size_t seed = 0;
-  if (members) {
-    for (const EvaluationResult& member : *members) seed = hashCombine(seed, member.hash());
-  }
-  return seed;
-}
-
-bool operator==(const List& left, const List& right) {
-  if (left.members == right.members) return true;
-  if (left.count() != right.count()) return false;
-  return left.count() == 0 || *left.members == *right.members;
-}
-
 }  // namespace tavrine
