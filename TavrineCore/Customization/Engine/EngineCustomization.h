@@ -123,12 +123,12 @@ class EngineCustomization {
 
  private:
   struct Fields;
-  explicit EngineCustomization(std::shared_ptr<const Fields> fields) : fields_(std::move(fields)) {}
+  struct Shared;
 
   template <typename Change>
   void change(Change change);
 
-  std::shared_ptr<const Fields> fields_;
+  std::shared_ptr<const Shared> shared_;
 };
 
 }  // namespace tavrine

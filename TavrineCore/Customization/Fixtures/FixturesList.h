@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "Foundation/Locale.h"
@@ -62,15 +63,17 @@ class FixturesList {
   struct Vocabulary {
     StringMap<Fixture> fixtureMap;
     StringSet multiWordPrefixes;
-    // The spellings by their first byte, for the search inside a text.
-    std::unordered_map<char, std::vector<std::pair<std::string_view, Fixture>>> byFirstByte;
   };
+  // The spellings by their first byte, for the search inside a text; they are views into the vocabulary.
+  using Spellings = std::unordered_map<char, std::vector<std::pair<std::string_view, Fixture>>>;
 
   static Vocabulary vocabularyFrom(const StringMap<Fixture>& additionalFixtures, const DateWordsList& dateWords,
                                    const NumberWordsList& numberWords, const Locale& lexingLocale);
+  static Lazy<Spellings> spellingsOf(const Lazy<Vocabulary>& vocabulary);
 
   Lazy<StringMap<Fixture>> additionalFixtures_;
   Lazy<Vocabulary> vocabulary_;
+  Lazy<Spellings> spellings_;
 };
 
 }  // namespace tavrine

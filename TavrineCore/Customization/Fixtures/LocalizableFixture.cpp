@@ -28,8 +28,8 @@ std::optional<LocalizableFixture> localizableFixtureNamed(std::string_view name)
 
 Fixture equivalentFixtureType(LocalizableFixture key) { return kFixtures[static_cast<std::size_t>(key)]; }
 
-std::unordered_map<std::string, Fixture> LocalizableFixtureSet::fixtures() const {
-  std::unordered_map<std::string, Fixture> result;
+StringMap<Fixture> LocalizableFixtureSet::fixtures() const {
+  StringMap<Fixture> result;
   for (std::size_t i = 0; i < kLocalizableFixtureCount; ++i) {
     for (const std::string& word : stringsForLocalizableFixture[i]) result[word] = kFixtures[i];
   }

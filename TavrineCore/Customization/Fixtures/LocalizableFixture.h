@@ -6,11 +6,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
+#include "Foundation/StringMap.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
+#include "TavrineCore/Imports.h"
 
 namespace tavrine {
 
@@ -40,7 +40,7 @@ struct LocalizableFixtureSet {
   }
 
   /// Each word with its fixture. Of a word under two keys the later key's meaning counts.
-  std::unordered_map<std::string, Fixture> fixtures() const;
+  StringMap<Fixture> fixtures() const;
 
   /// Adds the words of another file behind the ones that are here.
   void append(const LocalizableFixtureSet& other);

@@ -1,0 +1,57 @@
+#include "TavrineCore/Customization/Engine/EngineContentCache.h"
+
+#include <utility>
+
+#include "Foundation/Hashing.h"
+#include "Foundation/Locale.h"
+#include "TavrineCore/Customization/Functions/CustomFunction.h"
+
+namespace tavrine {
+
+namespace {
+
+std::shared_ptr<const EngineContent> newContentFor(const EngineCustomization& newCustomization,
+                                                   const EngineCustomization& oldCustomization,
+                                                   const EngineContent& oldContent) {
+  const ContentReuse reuse = contentReuse(newCustomization, oldCustomization);
+  if (reuse.fromScratch) return std::make_shared<const EngineContent>(newCustomization);
+  return std::make_shared<const EngineContent>(oldContent);
+}
+
+}  // namespace
+
+std::shared_ptr<const EngineContent> EngineContentCache::engineContentFor(const EngineCustomization& customization) {
+  static EngineContentCache cache;
+  return cache.contentFor(customization);
+}
+
+std::shared_ptr<const EngineContent> EngineContentCache::contentFor(const EngineCustomization& customization) {
+  const std::string currentLocale = Locale::current().identifier();
+  return accessQueue_.sync([&]() -> std::shared_ptr<const EngineContent> {
+    Key key{customization, currentLocale};
+    const bool mayHit = customization.customFunctions().empty();
+    if (mayHit) {
+      const auto found = contentCache_.find(key);
+      if (found != contentCache_.end()) return found->second;
+    }
+    if (contentCache_.size() >= maximumCacheCount) contentCache_.clear();
+
+    if (!recent_ || recent_->key.currentLocale != currentLocale) {
+      recent_ = CustomizationAndContent{{EngineCustomization::basic(), currentLocale}, EngineContent::basic()};
+    }
+    auto content = newContentFor(customization, recent_->key.customization, *recent_->content);
+    recent_ = CustomizationAndContent{key, content};
+    if (mayHit) contentCache_.emplace(std::move(key), content);
+    return content;
+  });
+}
+
+std::size_t EngineContentCache::count() const {
+  return accessQueue_.sync([&] { return contentCache_.size(); });
+}
+
+std::size_t EngineContentCache::KeyHash::operator()(const Key& key) const {
+  return hashCombine(key.customization.hash(), std::hash<std::string>{}(key.currentLocale));
+}
+
+}  // namespace tavrine

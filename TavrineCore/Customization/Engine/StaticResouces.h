@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string_view>
+
+#include "TavrineCore/Customization/Engine/ResourceReader.h"
+#include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
+
+namespace tavrine {
+
+/// The data files of the resource bundle, decoded. Each file is read once; a file that is missing or no good is told on
+/// the diagnostic output and leaves the engine with fewer words. All calls are serialised, on any thread; the bundle is
+/// asked for the localization of the current locale.
+class StaticResouces {
+ public:
+  /// "LocalizedFixtures": the fixed words of the language.
+  static LocalizableFixtureSet localizedFixtures();
+  /// "LocalizedFixtureShorthands": short forms. A word that is in both files has the meaning that it has here.
+  static LocalizableFixtureSet localizedShorthandFixtures();
+
+  /// The decoder of both: {"fixtures": {key: [words]}}. Keys that nobody knows are passed over.
+  static DecodedResource<LocalizableFixtureSet> localizedFixtureSetFrom(std::string_view bytes);
+};
+
+}  // namespace tavrine
