@@ -246,11 +246,6 @@ bool EngineCustomization::isClassicFunction(std::string_view text) {
   return EngineContent::basic()->traditionalFunctionList->functionNamed(text) != nullptr;
 }
 
-std::vector<UnitSymbolReplacement> EngineCustomization::customSymbols() const {
-  if (const auto* symbols = currencySymbolSettings().symbols()) return *symbols;
-  return UnitSymbolReplacement::standardCustomSymbolsFor(locale());
-}
-
 std::string EngineCustomization::debugDescription() const { return "Customization with " + locale().identifier(); }
 
 std::size_t EngineCustomization::hash() const { return shared_->hash(); }

@@ -113,9 +113,6 @@ class EngineCustomization {
   /// Whether the text is the name of a traditional function ("sqrt").
   static bool isClassicFunction(std::string_view text);
 
-  /// The host's signs of currencies, or those of the locale.
-  std::vector<UnitSymbolReplacement> customSymbols() const;
-
   std::string debugDescription() const;
 
   std::size_t hash() const;
