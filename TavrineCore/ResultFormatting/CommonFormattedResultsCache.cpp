@@ -25,7 +25,7 @@ constexpr auto kDigits = [] {
 
 }  // namespace
 
-std::optional<std::string_view> CommonFormattedResultsCache::stringFor(const Decimal& value) noexcept {
+std::optional<std::string_view> CommonFormattedResultsCache::find(const Decimal& value) noexcept {
   if (!value.isWhole() || value.isSignMinus() || value.exponent() > 2) return std::nullopt;
   const std::uint64_t number = value.uint64Value();
   if (number >= kCount) return std::nullopt;

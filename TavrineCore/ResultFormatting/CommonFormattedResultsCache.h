@@ -16,7 +16,7 @@ namespace tavrine {
 class CommonFormattedResultsCache {
  public:
   /// "7" for 7; nothing for numbers outside the table. The text lives for ever.
-  [[nodiscard]] static std::optional<std::string_view> stringFor(const Decimal& value) noexcept;
+  [[nodiscard]] static std::optional<std::string_view> find(const Decimal& value) noexcept;
 };
 
 }  // namespace tavrine

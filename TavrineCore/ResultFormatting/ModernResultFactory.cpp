@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <utility>
 
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
@@ -70,17 +69,16 @@ const ModernResultFactory::Row* ModernResultFactory::rowFor(EvaluationResult::Ca
   return row == kNoRow ? nullptr : &kRows[row];
 }
 
-CalculationResult ModernResultFactory::formattedResultFor(const EvaluationResult& evaluationResult,
-                                                          const ResultFormatterContext& context) {
+std::optional<CalculationResult> ModernResultFactory::formattedResultFor(const EvaluationResult& evaluationResult,
+                                                                         const ResultFormatterContext& context) {
   const EvaluationResult* shown = &evaluationResult;
   for (const Variable* variable = shown->variableValue(); variable != nullptr && variable->definition != nullptr;
        variable = shown->variableValue()) {
     shown = variable->definition.get();
   }
   const Row* row = rowFor(shown->kind());
-  std::optional<std::string> text;
-  if (row != nullptr && row->function != nullptr) text = row->function(*shown, context);
-  return {std::move(text).value_or(std::string()), *shown, context.originalTokenList};
+  if (row == nullptr || row->function == nullptr) return std::nullopt;
+  return CalculationResult{row->function(*shown, context).value_or(std::string()), *shown, context.originalTokenList};
 }
 
 }  // namespace tavrine

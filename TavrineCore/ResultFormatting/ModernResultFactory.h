@@ -40,9 +40,9 @@ class ModernResultFactory {
   [[nodiscard]] static const Row* rowFor(EvaluationResult::Case resultCase) noexcept;
 
   /// The result with its text and the context's line. A variable with a value is shown, and given back, as that value.
-  /// The text is empty where a result has no formatter or its formatter gives nothing.
-  [[nodiscard]] static CalculationResult formattedResultFor(const EvaluationResult& evaluationResult,
-                                                            const ResultFormatterContext& context);
+  /// The text is empty where the formatter gives none; nothing at all where there is no formatter.
+  [[nodiscard]] static std::optional<CalculationResult> formattedResultFor(const EvaluationResult& evaluationResult,
+                                                                           const ResultFormatterContext& context);
 };
 
 }  // namespace tavrine

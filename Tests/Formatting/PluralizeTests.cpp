@@ -68,7 +68,7 @@ TEST(Pluralize, TakesASafePluralSOff) {
     std::string_view word, want;
   };
   constexpr Case cases[] = {
-      {"cats", "cat"}, {"days", "day"}, {"glass", "glass"}, {"buses", "buse"},   {"cat", "cat"},
+      {"cats", "cat"}, {"days", "day"}, {"glass", "glass"}, {"buses", "buse"},    {"cat", "cat"},
       {"s", "s"},      {"", ""},        {"CATS", "CATS"},   {"moneys", "moneys"},
   };
   for (const Case& c : cases) EXPECT_EQ(singularized(c.word), c.want) << c.word;
