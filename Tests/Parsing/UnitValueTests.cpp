@@ -25,7 +25,8 @@ TCUnit::Record record(std::string symbol, Decimal coefficient, UnitIdentifier id
 }
 
 TEST(TCUnitTest, EqualityIsIdentityOrSymbolAndConverter) {
-  const TCUnit meters = TCUnit::permanent(record("m", 1, UnitIdentifier::meters, UnitType::length));
+  // Static, as the tables of built-in units are.
+  static const TCUnit meters = TCUnit::permanent(record("m", 1, UnitIdentifier::meters, UnitType::length));
   const TCUnit copy = meters;
   EXPECT_EQ(copy, meters);
   EXPECT_TRUE(copy.isSameObjectAs(meters));
