@@ -1,0 +1,180 @@
+#include <gtest/gtest.h>
+
+#include <thread>
+#include <unordered_set>
+#include <vector>
+
+#include "Foundation/Locale.h"
+#include "Foundation/PluralRules.h"
+#include "Foundation/SpellOut.h"
+
+namespace tavrine::foundation {
+namespace {
+
+TEST(Locale, IdentifiersAreNormalisedAndRead) {
+  struct Case {
+    std::string_view given, identifier, language, script, region;
+  };
+  const Case cases[] = {
+      {"en-US", "en_US", "en", "", "US"},
+      {"zh-Hans-CN", "zh_Hans_CN", "zh", "Hans", "CN"},
+      {"zh_Hant", "zh_Hant", "zh", "Hant", ""},
+      {"fr", "fr", "fr", "", ""},
+      {"es_419", "es_419", "es", "", "419"},
+      {"de_DE@calendar=islamic-civil", "de_DE@calendar=islamic-civil", "de", "", "DE"},
+      // Locales of a bare process would write numbers without grouping.
+      {"", "en_US", "en", "", "US"},
+      {"C", "en_US", "en", "", "US"},
+      {"en_US_POSIX", "en_US", "en", "", "US"},
+  };
+  for (const Case& c : cases) {
+    const Locale locale(c.given);
+    EXPECT_EQ(locale.identifier(), c.identifier);
+    EXPECT_EQ(locale.language(), c.language) << c.given;
+    EXPECT_EQ(locale.script(), c.script) << c.given;
+    EXPECT_EQ(locale.region(), c.region) << c.given;
+  }
+}
+
+TEST(Locale, PosixNamesAreCut) {
+  struct Case {
+    std::string_view name, identifier;
+  };
+  const Case cases[] = {
+      {"fr_FR.UTF-8@euro", "fr_FR"},
+      {"de_CH.UTF-8", "de_CH"},
+      {"C.UTF-8", "en_US"},
+      {"POSIX", "en_US"},
+      {"", "en_US"},
+      {"ca_ES_VALENCIA", "ca_ES"},
+      {"../../etc", "en_US"},
+      {"x", "en_US"},
+      {"zh_Hant_TW", "zh_Hant_TW"},
+      {".UTF-8", "en_US"},
+  };
+  for (const Case& c : cases) EXPECT_EQ(Locale::fromPosixName(c.name).identifier(), c.identifier) << c.name;
+}
+
+TEST(Locale, AttributesFollowTheRegion) {
+  struct Case {
+    std::string_view identifier, decimal;
+    std::optional<std::string> grouping, currency, symbol;
+    MeasurementSystem system;
+  };
+  const Case cases[] = {
+      {"en_US", ".", ",", "USD", "$", MeasurementSystem::us},
+      {"en_GB", ".", ",", "GBP", "£", MeasurementSystem::uk},
+      {"en_CA", ".", ",", "CAD", "$", MeasurementSystem::metric},
+      {"de_DE", ",", ".", "EUR", "€", MeasurementSystem::metric},
+      {"de_CH", ".", "’", "CHF", "CHF", MeasurementSystem::metric},
+      {"fr_FR", ",", "\u202F", "EUR", "€", MeasurementSystem::metric},
+      {"ja_JP", ".", ",", "JPY", "￥", MeasurementSystem::metric},
+      {"zh_CN", ".", ",", "CNY", "¥", MeasurementSystem::metric},
+      {"en", ".", ",", std::nullopt, std::nullopt, MeasurementSystem::us},
+  };
+  for (const Case& c : cases) {
+    const Locale locale(c.identifier);
+    EXPECT_EQ(locale.decimalSeparator(), c.decimal) << c.identifier;
+    EXPECT_EQ(locale.groupingSeparator(), c.grouping) << c.identifier;
+    EXPECT_EQ(locale.currencyCode(), c.currency) << c.identifier;
+    EXPECT_EQ(locale.currencySymbol(), c.symbol) << c.identifier;
+    EXPECT_EQ(locale.measurementSystem(), c.system) << c.identifier;
+    EXPECT_EQ(locale.percentSymbol(), "%") << c.identifier;
+  }
+}
+
+TEST(Locale, ASharedSignMeansTheOwnCurrencyFirst) {
+  const Locale us("en_US");
+  const Locale australia("en_AU");
+  const Locale germany("de_DE");
+  const Locale china("zh_CN");
+  EXPECT_EQ(us.currencyCodeForPrefix("$"), "USD");
+  EXPECT_EQ(australia.currencyCodeForPrefix("$"), "AUD");
+  EXPECT_EQ(germany.currencyCodeForPrefix("$"), "USD");
+  EXPECT_EQ(china.currencyCodeForPrefix("¥"), "CNY");
+  EXPECT_EQ(germany.currencyCodeForPrefix("¥"), "JPY");
+  EXPECT_EQ(Locale("ja_JP").currencyCodeForPrefix("¥"), "JPY");
+  EXPECT_EQ(china.currencyCodeForPrefix("£"), "GBP");
+  EXPECT_EQ(us.currencyCodeForPrefix("R$"), "BRL");
+  EXPECT_EQ(us.currencyCodeForPrefix("kr"), std::nullopt);
+}
+
+TEST(Locale, NumericEquivalenceNeedsBothSeparators) {
+  EXPECT_TRUE(Locale("en_US").isNumericallyEquivalentTo(Locale("ja_JP")));
+  EXPECT_TRUE(Locale("de_DE").isNumericallyEquivalentTo(Locale("es_ES")));
+  EXPECT_FALSE(Locale("en_US").isNumericallyEquivalentTo(Locale("de_DE")));
+  EXPECT_FALSE(Locale("de_DE").isNumericallyEquivalentTo(Locale("fr_FR")));
+}
+
+TEST(Locale, BestDatePatterns) {
+  EXPECT_EQ(Locale("en_US").dateFormatFromTemplate("yMMMMd"), "MMMM d, y");
+  EXPECT_EQ(Locale("fr_FR").dateFormatFromTemplate("yMMMMd"), "d MMMM y");
+  EXPECT_EQ(Locale("en_GB").dateFormatFromTemplate("ddMMyyyy"), "dd/MM/yyyy");
+  // Its own calendar is another one; the pattern has no era all the same.
+  EXPECT_EQ(Locale("fa_IR").dateFormatFromTemplate("yMMMMd"), "d MMMM y");
+}
+
+TEST(Locale, EqualByIdentifierAndSharedBetweenThreads) {
+  EXPECT_EQ(Locale("en-US"), Locale("en_US"));
+  EXPECT_NE(Locale("en_US"), Locale("en_GB"));
+  EXPECT_EQ((std::unordered_set<Locale>{Locale("de_DE"), Locale("de-DE"), Locale("de_AT")}.size()), 2U);
+  // Beyond what is kept they are still equal.
+  std::vector<Locale> many;
+  for (int i = 0; i < 3000; ++i) many.emplace_back("en_X" + std::to_string(i));
+  EXPECT_EQ(many.back(), Locale("en_X2999"));
+
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([] {
+      const Locale locale("sv_SE");
+      EXPECT_EQ(locale.currencyCode(), "SEK");
+      EXPECT_EQ(locale.decimalSeparator(), ",");
+      EXPECT_EQ(locale.dateFormatFromTemplate("yMMMMd"), "d MMMM y");
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+TEST(PluralRules, CategoriesByLanguage) {
+  struct Case {
+    std::string_view locale, number;
+    PluralCategory want;
+  };
+  using enum PluralCategory;
+  const Case cases[] = {
+      {"en_US", "1", one},
+      {"en_US", "1.0", other},
+      {"en_US", "0", other},
+      {"en_US", "-1", one},
+      {"fr_FR", "1.5", one},
+      {"fr_FR", "2", other},
+      {"ru_RU", "21", one},
+      {"ru_RU", "3", few},
+      {"ru_RU", "11", many},
+      {"ru_RU", "1.5", other},
+      {"ja_JP", "1", other},
+      {"ar_EG", "0", zero},
+      {"ar_EG", "2", two},
+      {"en_US", "", other},
+      {"en_US", "1e400", other},
+      {"en_US", "one", other},
+      {"ru_RU", "12345678901234567890123456789012345671", one},
+      {"ru_RU", "0000000000000003", few},
+      {"es_ES", "2000000", many},
+      {"lv_LV", "0.12345678901234567891", one},
+      {"en_US", "1000000000000000001", other},
+  };
+  for (const Case& c : cases) EXPECT_EQ(pluralCategory(c.number, Locale(c.locale)), c.want) << c.locale << c.number;
+  EXPECT_EQ(pluralCategory(1.0, Locale("en_US")), one);
+  EXPECT_EQ(pluralCategory(2.0, Locale("ru_RU")), few);
+}
+
+TEST(SpellOut, WordsByLanguage) {
+  EXPECT_EQ(SpellOut(Locale("en_US")).words(121), "one hundred twenty-one");
+  EXPECT_EQ(SpellOut(Locale("en_US")).words(-3), "minus three");
+  EXPECT_EQ(SpellOut(Locale("de_DE")).words(21), "ein\u00ADund\u00ADzwanzig");
+  EXPECT_EQ(SpellOut(Locale("zh_CN")).words(12), "十二");
+}
+
+}  // namespace
+}  // namespace tavrine::foundation
