@@ -12,7 +12,7 @@ namespace tavrine {
 enum class TokenType : std::uint8_t;
 
 /// A built-in word function: "half of 10" calls `halfOf`.
-enum class FunctionIdentifier : std::uint8_t {
+enum class FunctionIdentifier : std::uint16_t {
 #define FUNCTION_IDENTIFIER(name, returnType) name,
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.def"
 };

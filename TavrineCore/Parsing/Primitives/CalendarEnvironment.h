@@ -14,7 +14,7 @@ namespace tavrine {
 
 /// The calendar that travels with every date, and the holidays that workdays skip. Cheap to copy: the holidays are
 /// shared.
-class CalendarEnvironment {
+struct CalendarEnvironment {
  public:
   explicit CalendarEnvironment(Calendar calendar, std::vector<Holiday> holidays = {});
 

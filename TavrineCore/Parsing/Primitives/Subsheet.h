@@ -16,7 +16,8 @@ class VariableList;
 struct CalculationResult;
 
 /// A sheet inside a document that stands in an expression as one token; its value is the answer of the whole sheet.
-struct Subsheet {
+class Subsheet {
+ public:
   enum class SubsheetEvaluatorType : std::uint8_t { tavrineCore, javascript };
 
   /// The body.
