@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/ResultFormatting/CoordinateResultFormatters.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
 #include "TavrineCore/ResultFormatting/NumberResultFormatters.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
@@ -33,9 +34,15 @@ constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
     {"Frametime", "FrametimeResultFormatter", nullptr, {frametime}},
     {"boolean", "BooleanResultFormatter", BooleanResultFormatter::formattedResult, {boolean}},
     {"Multiplier", "MultiplierResultFormatter", MultiplierResultFormatter::formattedResult, {multiplier}},
-    {"Pitch", "PitchResultFormatter", nullptr, {pitch}},
-    {"GPSCoordinates", "GPSCoordinatesResultFormatter", nullptr, {gpsCoordinates}},
-    {"DegreesMinutesSeconds", "DegreesMinutesSecondsResultFormatter", nullptr, {degreesMinutesSeconds}},
+    {"Pitch", "PitchResultFormatter", PitchResultFormatter::formattedResult, {pitch}},
+    {"GPSCoordinates",
+     "GPSCoordinatesResultFormatter",
+     GPSCoordinatesResultFormatter::formattedResult,
+     {gpsCoordinates}},
+    {"DegreesMinutesSeconds",
+     "DegreesMinutesSecondsResultFormatter",
+     DegreesMinutesSecondsResultFormatter::formattedResult,
+     {degreesMinutesSeconds}},
     {"unsigned integer", "OtherBaseResultFormatter", OtherBaseResultFormatter::formattedResult, {binary, octal, hex}},
     {"Datespan", "DatespanResultFormatter", nullptr, {datespan}},
     {"String", "RawStringResultFormatter", RawStringResultFormatter::formattedResult, {rawString, dynamicPlace}},

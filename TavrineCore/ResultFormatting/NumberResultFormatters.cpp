@@ -13,6 +13,7 @@
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
 #include "TavrineCore/Parsing/Primitives/SalesTax.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
+#include "TavrineCore/ResultFormatting/FormattedSymbol.h"
 #include "TavrineCore/ResultFormatting/ResultFormatter.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
 
@@ -63,7 +64,7 @@ std::optional<std::string> FractionResultFormatter::formattedResult(const Evalua
   const FormattingPreferences& preferences = context.formattingPreferences;
   std::optional<std::string> text = DecimalResultFormatter::formattedAsFraction(value, preferences, context.locale);
   if (!text) text = DecimalResultFormatter::formattedAsDecimal(value, preferences, context.locale);
-  if (text && fraction->unitValue) text->append(" ").append(fraction->unitValue->symbol());
+  if (text && fraction->unitValue) text->append(" ").append(formattedSymbol(*fraction->unitValue));
   return text;
 }
 

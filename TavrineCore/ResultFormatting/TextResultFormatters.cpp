@@ -2,6 +2,7 @@
 
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/Parsing/Primitives/Pitch.h"
 
 namespace tavrine {
 
@@ -27,6 +28,13 @@ std::optional<std::string> RawStringResultFormatter::formattedResult(const Evalu
   if (text == nullptr) text = result.as<Case::dynamicPlace>();
   if (text == nullptr) return std::nullopt;
   return *text;
+}
+
+std::optional<std::string> PitchResultFormatter::formattedResult(const EvaluationResult& result,
+                                                                 const ResultFormatterContext&) {
+  const Pitch* pitch = result.as<Case::pitch>();
+  if (pitch == nullptr) return std::nullopt;
+  return pitch->notationString();
 }
 
 std::optional<std::string> PendingResultFormatter::formattedResult(const EvaluationResult& result,

@@ -29,6 +29,12 @@ struct RawStringResultFormatter {
                                                                   const ResultFormatterContext& context);
 };
 
+/// "C#4".
+struct PitchResultFormatter {
+  [[nodiscard]] static std::optional<std::string> formattedResult(const EvaluationResult& result,
+                                                                  const ResultFormatterContext& context);
+};
+
 /// "pending…".
 struct PendingResultFormatter {
   [[nodiscard]] static std::optional<std::string> formattedResult(const EvaluationResult& result,
