@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -12,6 +13,7 @@
 #include "TavrineCore/Parsing/Primitives/DatestampType.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitFamilies.h"
 #include "TavrineCore/Parsing/Primitives/UnitIdentifier.h"
 #include "TavrineCore/Parsing/Primitives/UnitType.h"
 #include "TavrineCore/Parsing/Tokens/TokenType.h"
@@ -126,6 +128,69 @@ TEST(UnitIdentifierTest, KindsAgreeWithNames) {
     if (base == UnitIdentifier::seconds) continue;
     EXPECT_EQ(unitTypeOf(base), type) << toString(type);
   }
+}
+
+TEST(UnitFamiliesTest, AMotherStandsForHerFamilyAndForNothingElse) {
+  for (std::size_t i = 0; i < kUnitIdentifierCount; ++i) {
+    const auto identifier = static_cast<UnitIdentifier>(i);
+    const UnitIdentifier mother = motherUnitIdentifierOf(identifier);
+    EXPECT_EQ(motherUnitIdentifierOf(mother), mother) << toString(identifier);
+    // Frames per second are the one unit whose mother is of another kind.
+    if (identifier == UnitIdentifier::framesPerSecond) continue;
+    EXPECT_EQ(unitTypeOf(mother), unitTypeOf(identifier)) << toString(identifier);
+  }
+
+  using enum UnitIdentifier;
+  struct Case {
+    UnitIdentifier identifier, want;
+  };
+  constexpr Case kCases[] = {
+      {kilometers, meters},
+      {hectokilometers, meters},
+      {miles, feet},
+      {lightyears, lightyears},
+      {picoseconds, seconds},
+      {weekdays, seconds},
+      {kilograms, grams},
+      {metricTons, metricTons},
+      {squareMiles, squareFeet},
+      {squareDecimeters, squareDecimeters},
+      {megawatts, megawatts},
+      {femtowatts, watts},
+      {horsepower, horsepower},
+      {milliliters, liters},
+      {cubicDecimeters, cubicDecimeters},
+      {coulombs, coulombs},
+      {milliampereHours, ampereHours},
+      {nibbles, nibbles},
+      {gibibytes, bytes},
+      {megabits, bits},
+      {yobibitsPerSecond, bitsPerSecond},
+      {gigawattHours, wattSeconds},
+      {currencySatoshi, currencyBTC},
+      {framesPerSecond, hertz},
+      {knots, knots},
+      {undefined, undefined},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(motherUnitIdentifierOf(c.identifier), c.want) << toString(c.identifier);
+}
+
+TEST(UnitFamiliesTest, UnitsCountPartsOfADate) {
+  EXPECT_EQ(calendarUnitOf(UnitIdentifier::nights), Calendar::Component::day);
+  EXPECT_EQ(calendarUnitOf(UnitIdentifier::weeks), Calendar::Component::weekOfYear);
+  EXPECT_FALSE(calendarUnitOf(UnitIdentifier::milliseconds));
+  EXPECT_FALSE(calendarUnitOf(UnitIdentifier::meters));
+  // There and back, but for the weekdays, which are days then.
+  for (const Calendar::Component component : orderedTavrineSupportedComponents) {
+    const std::optional<UnitIdentifier> unit = unitIdentifierFor(component);
+    ASSERT_TRUE(unit) << toString(component);
+    const auto want = component == Calendar::Component::weekday ? Calendar::Component::day : component;
+    EXPECT_EQ(calendarUnitOf(*unit), want);
+  }
+  EXPECT_FALSE(unitIdentifierFor(Calendar::Component::era));
+
+  EXPECT_EQ(zeroDPformattingCurrencies.size(), 20u);
+  EXPECT_EQ(cryptoCurrencies.size(), 24u);
 }
 
 TEST(FunctionIdentifierTest, NamesAndReturnTypes) {

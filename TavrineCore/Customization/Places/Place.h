@@ -47,12 +47,15 @@ struct Airport {
   std::string iata_code;
   /// Feet above the sea.
   double elevation = 0;
-  /// Two numbers in one text, as the resource has them.
+  /// Latitude and longitude in degrees, with a comma between: "40.64, -73.78".
   std::string coordinates;
   std::string cityIdentifier;
   /// Known once the airport has found its city.
   std::optional<std::string> associatedCityName;
   std::optional<std::string> associatedCountryName;
+
+  /// Absent where the text isn't two numbers on the earth.
+  [[nodiscard]] std::optional<GPSCoordinates> gpsCoordinates() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, iata_code); }
   friend bool operator==(const Airport&, const Airport&) = default;
@@ -88,6 +91,9 @@ struct Place {
   [[nodiscard]] const City* city() const { return std::get_if<City>(&type); }
   [[nodiscard]] const Country* country() const { return std::get_if<Country>(&type); }
   [[nodiscard]] const Airport* airport() const { return std::get_if<Airport>(&type); }
+
+  /// Where the place lies, as far as is known: countries and zones lie nowhere in particular.
+  [[nodiscard]] std::optional<GPSCoordinates> gpsCoordinates() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, timeZone, type.index()); }
   friend bool operator==(const Place&, const Place&) = default;
