@@ -50,7 +50,7 @@ class Subsheet;
 class TCUnit;
 class TokenList;
 enum class EvaluationError : std::uint8_t;
-enum class FunctionIdentifier : std::uint8_t;
+enum class FunctionIdentifier : std::uint16_t;
 enum class StatisticType : std::uint8_t;
 
 using TokenListRef = std::shared_ptr<const TokenList>;
