@@ -52,6 +52,10 @@ class EnumSet {
     words_[index / 64] &= ~(std::uint64_t{1} << (index % 64));
   }
 
+  constexpr void formUnion(const EnumSet& other) {
+    for (std::size_t i = 0; i < kWords; ++i) words_[i] |= other.words_[i];
+  }
+
   /// Calls `visit(member)` for each member in the order of the enumeration.
   template <typename Visit>
   constexpr void forEach(Visit visit) const {

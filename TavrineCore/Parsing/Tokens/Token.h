@@ -25,7 +25,6 @@ class TimeZone;
 struct DateComponents;
 }  // namespace foundation
 
-struct CalendarEnvironment;
 struct Datespan;
 struct Datestamp;
 struct DecimalRate;
@@ -45,8 +44,9 @@ struct Timespan;
 struct UnitExpression;
 struct UnitRate;
 struct Variable;
+struct Subsheet;
+class CalendarEnvironment;
 class EvaluationResult;
-class Subsheet;
 class TCUnit;
 class TokenList;
 enum class EvaluationError : std::uint8_t;
@@ -166,7 +166,7 @@ class Token {
   [[nodiscard]] std::optional<Pitch> pitchValue() const;
   [[nodiscard]] std::optional<Resolution> resolutionValue() const;
   [[nodiscard]] std::optional<StatisticType> statisticType() const;
-  [[nodiscard]] std::shared_ptr<const Subsheet> subsheetValue() const;
+  [[nodiscard]] std::optional<Subsheet> subsheetValue() const;
   [[nodiscard]] std::optional<std::string> urlValue() const;
   /// The name of a traditional function.
   [[nodiscard]] std::optional<std::string> functionName() const;

@@ -5,6 +5,8 @@
 
 #include "Foundation/Hashing.h"
 #include "Foundation/Text.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
+#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 
 namespace tavrine {
 
@@ -33,6 +35,7 @@ TokenList::TokenList(TokenList&& other) noexcept
       tokens_(std::move(other.tokens_)),
       typesEverPresent_(other.typesEverPresent_),
       deepTypesEverPresent_(other.deepTypesEverPresent_),
+      unitTypesCache_(other.unitTypesCache_),
       modificationCount_(other.modificationCount_),
       isOrdered_(other.isOrdered_) {
   for (std::size_t i = 0; i < strings_.size(); ++i) strings_[i] = other.strings_[i].exchange(nullptr);
@@ -53,6 +56,7 @@ TokenList& TokenList::operator=(TokenList&& other) noexcept {
   (void)tokens_.contiguous();
   typesEverPresent_ = other.typesEverPresent_;
   deepTypesEverPresent_ = other.deepTypesEverPresent_;
+  unitTypesCache_ = other.unitTypesCache_;
   // Whoever compares counts must see that these are other tokens.
   modificationCount_ = std::max(modificationCount_, other.modificationCount_) + 1;
   isOrdered_ = other.isOrdered_;
@@ -96,8 +100,16 @@ TokenListRef TokenList::frozen(TokenList list) { return std::make_shared<const T
 void TokenList::rememberTypesOf(const Token& token) {
   typesEverPresent_.insert(token.type);
   deepTypesEverPresent_.insert(token.type);
+  if (const auto* unit = token.metadataAs<UnitTokenMetadata>()) {
+    unitTypesCache_.insert(unit->underlyingTCUnit.unitType());
+  } else if (const auto* expression = token.metadataAs<UnitExpressionTokenMetadata>()) {
+    unitTypesCache_.insert(expression->unitMetaData.underlyingTCUnit.unitType());
+  } else if (const auto* named = token.metadataAs<VariableTokenMetadata>()) {
+    typesEverPresent_.formUnion(named->typesInDefinition);
+  }
   if (!token.subtokens) return;
   deepTypesEverPresent_.formUnion(token.subtokens->deepTypesEverPresent_);
+  unitTypesCache_.formUnion(token.subtokens->unitTypesCache_);
   if (kTypesToExamineSubtokens.contains(token.type)) typesEverPresent_.formUnion(token.subtokens->typesEverPresent_);
 }
 
@@ -108,6 +120,7 @@ void TokenList::addToCacheTypesFrom(std::span<const Token> tokens) {
 void TokenList::formCacheUnionWith(const TokenList& other) {
   typesEverPresent_.formUnion(other.typesEverPresent_);
   deepTypesEverPresent_.formUnion(other.deepTypesEverPresent_);
+  unitTypesCache_.formUnion(other.unitTypesCache_);
 }
 
 bool TokenList::isOrderedAt(std::size_t index) const noexcept {

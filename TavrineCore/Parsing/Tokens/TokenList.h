@@ -15,6 +15,7 @@
 
 #include "Foundation/StringMap.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Primitives/UnitType.h"
 #include "TavrineCore/Parsing/Tokens/Token.h"
 #include "TavrineCore/Parsing/Tokens/TokenBuffer.h"
 #include "TavrineCore/Parsing/Tokens/TokenSlice.h"
@@ -87,6 +88,8 @@ class TokenList {
   /// The types that the list has held at any depth, whatever the containers.
   [[nodiscard]] const TokenTypeSet& typesEverPresentAtAnyDepth() const noexcept { return deepTypesEverPresent_; }
   void addToCacheTypesFrom(std::span<const Token> tokens);
+  /// The kinds of the units that the list has held, at any depth.
+  [[nodiscard]] const UnitTypeSet& unitTypesCache() const noexcept { return unitTypesCache_; }
   /// Remembers the types of another list as well.
   void formCacheUnionWith(const TokenList& other);
 
@@ -351,6 +354,7 @@ class TokenList {
 
  private:
   friend class TokenListWalk;
+  friend class TokenListBracketWrapper;
 
   void rememberTypesOf(const Token& token);
   /// After an edit at the index.
@@ -369,6 +373,7 @@ class TokenList {
   mutable TokenBuffer tokens_;
   TokenTypeSet typesEverPresent_;
   TokenTypeSet deepTypesEverPresent_;
+  UnitTypeSet unitTypesCache_;
   std::uint64_t modificationCount_ = 0;
   /// The texts as typed and in lower case. Filled by whoever comes first, also on a list that threads share.
   mutable std::array<std::atomic<const StringSet*>, 2> strings_{};

@@ -21,8 +21,14 @@ std::string TokenSlice::stringValue() const {
   return result;
 }
 
-Token TokenSlice::embedInContainerToken(TokenType type, TokenSubType subType, TokenMetadataRef metadata) const {
-  return {type, subType, stringValue(), range(), TokenList::frozen(tokens), std::move(metadata)};
+Token TokenSlice::embedInContainerToken(TokenType type, TokenSubType subType, TokenMetadataRef metadata) const& {
+  return TokenSlice(*this).embedInContainerToken(type, subType, std::move(metadata));
+}
+
+Token TokenSlice::embedInContainerToken(TokenType type, TokenSubType subType, TokenMetadataRef metadata) && {
+  std::string text = stringValue();
+  const NSRange textRange = range();
+  return {type, subType, std::move(text), textRange, TokenList::frozen(std::move(tokens)), std::move(metadata)};
 }
 
 }  // namespace tavrine

@@ -26,7 +26,10 @@ struct TokenSlice {
 
   /// One token over the whole run, with the run as its subtokens.
   [[nodiscard]] Token embedInContainerToken(TokenType type, TokenSubType subType = TokenSubType::notSpecified,
-                                            TokenMetadataRef metadata = nullptr) const;
+                                            TokenMetadataRef metadata = nullptr) const&;
+  /// The same, giving the run away.
+  [[nodiscard]] Token embedInContainerToken(TokenType type, TokenSubType subType = TokenSubType::notSpecified,
+                                            TokenMetadataRef metadata = nullptr) &&;
 };
 
 }  // namespace tavrine

@@ -1,0 +1,302 @@
+// Walks over lists, with and without edits.
+//
+// Sublists are frozen, so an edit inside one happens on a copy, and the token around it is replaced by one with the
+// edited copy. A copy is made only when there is something to edit: the frozen list serves as the snapshot that the
+// walk goes over. A list that can be edited is copied from the first token on that the block will see; what stands
+// before it costs a look.
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+std::size_t indexAtStep(std::size_t step, std::size_t count, bool reversed) {
+  return reversed ? count - 1 - step : step;
+}
+
+}  // namespace
+
+/// Edits a list and those inside of it.
+class TokenListWalk {
+ public:
+  /// `reach`: lists that never held these types are not entered.
+  TokenListWalk(const TokenTypeSet& reach, TokenList::TokenTest test, bool reversed, bool topLevelOnly,
+                TokenList::Modification block)
+      : reach_(reach), test_(test), reversed_(reversed), topLevelOnly_(topLevelOnly), block_(block) {}
+
+  void edit(TokenList& list, const Token* parent) const {
+    list.countEnumeration();
+    const std::size_t count = list.count();
+    std::size_t step = 0;
+    while (step < count && !concernsBlock(list[indexAtStep(step, count, reversed_)], parent)) ++step;
+
+    std::vector<Token> snapshot;
+    snapshot.reserve(count - step);
+    for (std::size_t i = step; i < count; ++i) snapshot.push_back(list[indexAtStep(i, count, reversed_)]);
+    for (Token& token : snapshot) {
+      const std::size_t hint = indexAtStep(step++, count, reversed_);
+      if (enters(token)) {
+        if (TokenListRef subtokens = editedCopy(*token.subtokens, &token)) {
+          token = replaceInside(list, token, hint, std::move(subtokens));
+        }
+      }
+      if (test_(token, parent)) block_(token, list, parent);
+    }
+  }
+
+ private:
+  [[nodiscard]] bool enters(const Token& token) const {
+    return !topLevelOnly_ && token.subtokens &&
+           token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(reach_);
+  }
+
+  [[nodiscard]] bool concernsBlock(const Token& token, const Token* parent) const {
+    return enters(token) || test_(token, parent);
+  }
+
+  /// The edited list; null where nothing changed.
+  [[nodiscard]] TokenListRef editedCopy(const TokenList& list, const Token* parent) const {
+    list.countEnumeration();
+    std::optional<TokenList> copy;
+    const auto editable = [&]() -> TokenList& {
+      if (!copy) copy.emplace(list);
+      return *copy;
+    };
+    for (std::size_t step = 0; step < list.count(); ++step) {
+      const std::size_t index = indexAtStep(step, list.count(), reversed_);
+      const Token* token = &list[index];
+      Token edited;
+      if (enters(*token)) {
+        if (TokenListRef subtokens = editedCopy(*token->subtokens, token)) {
+          edited = replaceInside(editable(), *token, index, std::move(subtokens));
+          token = &edited;
+        }
+      }
+      if (test_(*token, parent)) block_(*token, editable(), parent);
+    }
+    if (!copy || copy->modificationCount() == 0) return nullptr;
+    return TokenList::frozen(std::move(*copy));
+  }
+
+  /// The token with other subtokens, put in its place if it still has one.
+  static Token replaceInside(TokenList& list, const Token& token, std::size_t hint, TokenListRef subtokens) {
+    list.formCacheUnionWith(*subtokens);
+    Token edited(token.type, token.subType, token.stringValue, token.range, std::move(subtokens), token.metadata);
+    const auto index = list.indexOf(token, hint);
+    if (!index) return edited;
+    list.replaceAt(*index, std::move(edited));
+    return list[*index];
+  }
+
+  TokenTypeSet reach_;
+  TokenList::TokenTest test_;
+  bool reversed_;
+  bool topLevelOnly_;
+  TokenList::Modification block_;
+};
+
+void TokenList::applyModificationsToAllListsWithTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
+                                                                  bool topLevelOnly, Modification block) {
+  TokenListWalk(TokenTypeSet::anyTypes, test, reversed, topLevelOnly, block).edit(*this, parent);
+}
+
+void TokenList::performEditsToListsWith(const TokenTypeSet& types, bool recalculateRangesAfterEdit,
+                                        Modification block) {
+  if (!anyTypesHaveBeenPresentIn(types)) return;
+  const std::uint64_t before = modificationCount_;
+  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
+  TokenListWalk(types, hasType, /*reversed=*/true, /*topLevelOnly=*/false, block).edit(*this, nullptr);
+  if (!recalculateRangesAfterEdit || modificationCount_ == before) return;
+  TokenList recalculated = listWithRecalculatedTokenRanges(0, /*updateParentsStrings=*/false);
+  adopt({recalculated.begin(), recalculated.end()});
+}
+
+// --- Transformations ------------------------------------------------------------------------------------------------
+
+void TokenList::applyTransformationToTokensOfType(const TokenTypeSet& types, bool reversed, Transformation transform) {
+  if (!anyTypesHaveBeenPresentIn(types)) return;
+  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
+  applyModificationsToAllListsWithTokensPassingTest(
+      hasType, nullptr, reversed, /*topLevelOnly=*/true, [&](const Token& token, TokenList& list, const Token*) {
+        if (std::optional<Token> replacement = transform(token)) list.replace(token, std::move(*replacement));
+      });
+}
+
+void TokenList::applyTransformationToAllTokensOfType(const TokenTypeSet& types, const Token* parent, bool reversed,
+                                                     NestedTransformation transform) {
+  if (!deepTypesEverPresent_.containsTypesFrom(types)) return;
+  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
+  const auto replace = [&](const Token& token, TokenList& list, const Token* tokenParent) {
+    if (std::optional<Token> replacement = transform(token, tokenParent)) list.replace(token, std::move(*replacement));
+  };
+  TokenListWalk(types, hasType, reversed, /*topLevelOnly=*/false, replace).edit(*this, parent);
+}
+
+void TokenList::applyTransformationToAllTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
+                                                          NestedTransformation transform) {
+  applyModificationsToAllListsWithTokensPassingTest(
+      test, parent, reversed, /*topLevelOnly=*/false,
+      [&](const Token& token, TokenList& list, const Token* tokenParent) {
+        if (std::optional<Token> replacement = transform(token, tokenParent)) {
+          list.replace(token, std::move(*replacement));
+        }
+      });
+}
+
+// --- Enumerations ---------------------------------------------------------------------------------------------------
+
+void TokenList::enumerateTokensOfType(const TokenTypeSet& types, bool reversed, TokenBlock block) {
+  if (!anyTypesHaveBeenPresentIn(types)) return;
+  countEnumeration();
+  std::vector<Token> snapshot;
+  for (std::size_t step = 0; step < count(); ++step) {
+    const Token& token = tokens_[indexAtStep(step, count(), reversed)];
+    if (types.contains(token.type)) snapshot.push_back(token);
+  }
+  bool stop = false;
+  for (const Token& token : snapshot) {
+    block(token, stop);
+    if (stop) return;
+  }
+}
+
+void TokenList::enumerateTokensOfType(const TokenTypeSet& types, bool reversed, TokenBlock block) const {
+  if (!anyTypesHaveBeenPresentIn(types)) return;
+  countEnumeration();
+  bool stop = false;
+  for (std::size_t step = 0; step < count() && !stop; ++step) {
+    const Token& token = tokens_[indexAtStep(step, count(), reversed)];
+    if (types.contains(token.type)) block(token, stop);
+  }
+}
+
+void TokenList::enumerateTokensOfTypeWithNeighbours(const TokenTypeSet& types, bool reversed, bool ignoreWhitespace,
+                                                    bool ensureBothSides, NeighbourBlock block) const {
+  if (!anyTypesHaveBeenPresentIn(types)) return;
+  countEnumeration();
+  struct Match {
+    Token token;
+    std::size_t index;
+  };
+  std::vector<Match> matches;
+  for (std::size_t step = 0; step < count(); ++step) {
+    const std::size_t index = indexAtStep(step, count(), reversed);
+    if (types.contains(tokens_[index].type)) matches.push_back({tokens_[index], index});
+  }
+  bool stop = false;
+  for (const Match& match : matches) {
+    const auto index = indexOf(match.token, match.index);
+    const Token* before = index ? tokenBefore(*index, ignoreWhitespace) : nullptr;
+    const Token* after = index ? tokenAfter(*index, ignoreWhitespace) : nullptr;
+    if (ensureBothSides && (before == nullptr || after == nullptr)) continue;
+    block(match.token, before, after, stop);
+    if (stop) return;
+  }
+}
+
+namespace {
+
+/// Visits the tokens at every depth, subtokens first. Lists that never held the types are not entered.
+void visitAll(const TokenList& list, const TokenTypeSet& reach, TokenList::TokenTest test, const Token* parent,
+              bool reversed, TokenList::NestedTokenBlock block, bool& stop) {
+  for (std::size_t step = 0; step < list.count() && !stop; ++step) {
+    const Token& token = list[indexAtStep(step, list.count(), reversed)];
+    if (token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(reach)) {
+      visitAll(*token.subtokens, reach, test, &token, reversed, block, stop);
+      if (stop) return;
+    }
+    if (test(token, parent)) block(token, list, parent, stop);
+  }
+}
+
+void visitSublists(const TokenList& list, bool reversed, TokenList::SublistBlock block, bool& stop) {
+  for (std::size_t step = 0; step < list.count() && !stop; ++step) {
+    const Token& token = list[indexAtStep(step, list.count(), reversed)];
+    if (!token.subtokens) continue;
+    visitSublists(*token.subtokens, reversed, block, stop);
+    if (!stop) block(*token.subtokens, &token, stop);
+  }
+}
+
+}  // namespace
+
+void TokenList::enumerateAllTokens(bool reversed, NestedTokenBlock block) const {
+  enumerateAllTokensPassingTest([](const Token&, const Token*) { return true; }, nullptr, reversed, block);
+}
+
+void TokenList::enumerateAllTokensOfType(const TokenTypeSet& types, bool reversed, NestedTokenBlock block) const {
+  if (!deepTypesEverPresent_.containsTypesFrom(types)) return;
+  countEnumeration();
+  bool stop = false;
+  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
+  visitAll(*this, types, hasType, nullptr, reversed, block, stop);
+}
+
+void TokenList::enumerateAllTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
+                                              NestedTokenBlock block) const {
+  countEnumeration();
+  bool stop = false;
+  visitAll(*this, TokenTypeSet::anyTypes, test, parent, reversed, block, stop);
+}
+
+void TokenList::enumerateSublists(bool reversed, bool includeSelf, SublistBlock block) const {
+  countEnumeration();
+  bool stop = false;
+  visitSublists(*this, reversed, block, stop);
+  if (includeSelf && !stop) block(*this, nullptr, stop);
+}
+
+// --- Searches -------------------------------------------------------------------------------------------------------
+
+const Token* TokenList::scanForTokenWithTypes(const TokenTypeSet& types,
+                                              const TokenTypeSet& ignoreParentsWithTypes) const {
+  if (!deepTypesEverPresent_.containsTypesFrom(types)) return nullptr;
+  for (const Token& token : *this) {
+    if (types.contains(token.type)) return &token;
+    if (!token.subtokens || ignoreParentsWithTypes.contains(token.type)) continue;
+    if (const Token* found = token.subtokens->scanForTokenWithTypes(types, ignoreParentsWithTypes)) return found;
+  }
+  return nullptr;
+}
+
+const Token* TokenList::findParentOf(const Token& childToken, bool highestLevelParent,
+                                     std::optional<IndexRange> inRange) const {
+  if (!deepTypesEverPresent_.contains(childToken.type) || isEmpty()) return nullptr;
+  const std::size_t first = inRange ? inRange->first : 0;
+  const std::size_t last = inRange ? std::min(inRange->last, count() - 1) : count() - 1;
+  for (std::size_t i = first; i <= last; ++i) {
+    const Token& token = tokens_[i];
+    if (!token.subtokens) continue;
+    if (token.subtokens->indexOf(childToken)) return &token;
+    if (const Token* inner = token.subtokens->findParentOf(childToken)) return highestLevelParent ? &token : inner;
+  }
+  return nullptr;
+}
+
+const Token* TokenList::tokenForCharacterIndex(std::uint32_t characterIndex, bool ignoreWhitespace,
+                                               bool endOfLineReturnsLastToken) const {
+  const Token* lastToken = last();
+  if (lastToken == nullptr) return nullptr;
+  const auto slice = sliceForExpressionRange({characterIndex, 1});
+  const Token* token = slice ? &tokens_[slice->startIndex] : nullptr;
+  if (token == nullptr && endOfLineReturnsLastToken && characterIndex >= lastToken->range.upperBound()) {
+    token = getLastToken(ignoreWhitespace);
+  }
+  return token != nullptr && ignoreWhitespace && token->is(TokenType::whitespace) ? nullptr : token;
+}
+
+std::vector<std::string> TokenList::declaredVariableNames() const {
+  std::vector<std::string> names;
+  enumerateAllTokensOfType(TokenType::declaredVariable, /*reversed=*/false,
+                           [&](const Token& token, const TokenList&, const Token*, bool&) {
+                             names.push_back(token.stringValue);
+                           });
+  return names;
+}
+
+}  // namespace tavrine
