@@ -75,8 +75,8 @@ class TokenListBracketWrapper {
     for (std::size_t i = 0; i < tokens.size(); ++i) {
       const Token& token = tokens[i];
       if (token.is(TokenType::bracket, TokenSubType::openBracket)) {
-        const bool followsName = before != nullptr && (before->is(TokenType::functionName) ||
-                                                       before->is(TokenType::javascriptFunctionName));
+        const bool followsName =
+            before != nullptr && (before->is(TokenType::functionName) || before->is(TokenType::javascriptFunctionName));
         open.push_back({i, i, followsName});
       } else if (token.is(TokenType::bracket, TokenSubType::closeBracket) && !open.empty()) {
         open.back().close = i;

@@ -181,7 +181,8 @@ std::vector<Token> TokenList::gatherBackwardsFrom(const Token& token, const Toke
   if (!index) return {};
   std::size_t first = *index;
   while (first > 0 && !upToTokenWithTypes.contains(tokens_[first - 1].type)) --first;
-  return {std::next(begin(), static_cast<std::ptrdiff_t>(first)), std::next(begin(), static_cast<std::ptrdiff_t>(*index))};
+  return {std::next(begin(), static_cast<std::ptrdiff_t>(first)),
+          std::next(begin(), static_cast<std::ptrdiff_t>(*index))};
 }
 
 std::optional<TokenSlice> TokenList::scanFromTokenAfter(const Token& token, const TokenTypeSet& upToNextTokenMatching,
@@ -212,9 +213,7 @@ const Token* TokenList::onlyMeaningfulToken() const {
   return tokenBefore(*token, /*ignoreWhitespace=*/true, kMeaningless) == nullptr ? token : nullptr;
 }
 
-const Token* TokenList::getLastToken(bool ignoringWhitespace) const {
-  return tokenBefore(count(), ignoringWhitespace);
-}
+const Token* TokenList::getLastToken(bool ignoringWhitespace) const { return tokenBefore(count(), ignoringWhitespace); }
 
 const Token* TokenList::trailingConverter() const {
   if (!typePrecheck(TokenType::converter)) return nullptr;
@@ -250,8 +249,7 @@ std::optional<TokenList> TokenList::clauseBehind(const TokenSubTypeSet& keywords
   const auto isKeyword = [](const Token& token, const TokenSubTypeSet& subTypes) {
     return token.is(TokenType::conditionalKeyword) && subTypes.contains(token.subType);
   };
-  const auto start =
-      std::find_if(begin(), end(), [&](const Token& token) { return isKeyword(token, keywords); });
+  const auto start = std::find_if(begin(), end(), [&](const Token& token) { return isKeyword(token, keywords); });
   if (start == end()) return std::nullopt;
   const auto first = std::next(start);
   const auto past = std::find_if(first, end(), [&](const Token& token) { return isKeyword(token, endKeyword); });

@@ -37,9 +37,9 @@ std::optional<TokenSlice> TokenList::sliceForExpressionRange(NSRange range) cons
   std::size_t first = 0;
   if (isOrdered_) {
     // Only from the last token that begins before the range on can any token reach into it.
-    const auto behind = std::upper_bound(begin(), end(), range.location, [](std::uint32_t location, const Token& probe) {
-      return location < probe.range.location;
-    });
+    const auto behind =
+        std::upper_bound(begin(), end(), range.location,
+                         [](std::uint32_t location, const Token& probe) { return location < probe.range.location; });
     first = static_cast<std::size_t>(behind - begin());
     if (first > 0) --first;
     while (first > 0 && tokens_[first - 1].range.intersects(range)) --first;

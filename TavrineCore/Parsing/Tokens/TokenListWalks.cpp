@@ -51,8 +51,7 @@ class TokenListWalk {
 
  private:
   [[nodiscard]] bool enters(const Token& token) const {
-    return !topLevelOnly_ && token.subtokens &&
-           token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(reach_);
+    return !topLevelOnly_ && token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(reach_);
   }
 
   [[nodiscard]] bool concernsBlock(const Token& token, const Token* parent) const {
@@ -121,10 +120,11 @@ void TokenList::performEditsToListsWith(const TokenTypeSet& types, bool recalcul
 void TokenList::applyTransformationToTokensOfType(const TokenTypeSet& types, bool reversed, Transformation transform) {
   if (!anyTypesHaveBeenPresentIn(types)) return;
   const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
-  applyModificationsToAllListsWithTokensPassingTest(
-      hasType, nullptr, reversed, /*topLevelOnly=*/true, [&](const Token& token, TokenList& list, const Token*) {
-        if (std::optional<Token> replacement = transform(token)) list.replace(token, std::move(*replacement));
-      });
+  applyModificationsToAllListsWithTokensPassingTest(hasType, nullptr, reversed, /*topLevelOnly=*/true,
+                                                    [&](const Token& token, TokenList& list, const Token*) {
+                                                      if (std::optional<Token> replacement = transform(token))
+                                                        list.replace(token, std::move(*replacement));
+                                                    });
 }
 
 void TokenList::applyTransformationToAllTokensOfType(const TokenTypeSet& types, const Token* parent, bool reversed,
@@ -292,10 +292,9 @@ const Token* TokenList::tokenForCharacterIndex(std::uint32_t characterIndex, boo
 
 std::vector<std::string> TokenList::declaredVariableNames() const {
   std::vector<std::string> names;
-  enumerateAllTokensOfType(TokenType::declaredVariable, /*reversed=*/false,
-                           [&](const Token& token, const TokenList&, const Token*, bool&) {
-                             names.push_back(token.stringValue);
-                           });
+  enumerateAllTokensOfType(
+      TokenType::declaredVariable, /*reversed=*/false,
+      [&](const Token& token, const TokenList&, const Token*, bool&) { names.push_back(token.stringValue); });
   return names;
 }
 
