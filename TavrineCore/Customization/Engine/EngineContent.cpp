@@ -16,10 +16,9 @@ namespace tavrine {
 namespace {
 
 StringMap<Fixture> additionalFixtures() {
-  StringMap<Fixture> result = StaticResouces::localizedShorthandFixtures().fixtures();
-  // A word in both files keeps the meaning of its shorthand.
-  result.merge(StaticResouces::localizedFixtures().fixtures());
-  return result;
+  LocalizableFixtureSet fixtures = StaticResouces::localizedFixtures();
+  fixtures.layOver(StaticResouces::localizedShorthandFixtures());
+  return fixtures.fixtures();
 }
 
 DateWordsList dateWordsFor(const Locale& locale) {

@@ -17,7 +17,7 @@ struct Readers {
   SerialQueue accessQueue{"Static Resources Access Queue"};
   ResourceReader<LocalizableFixtureSet> fixtures{
       "Failed to decode LocalizableFixtureSet from JSON: ", &StaticResouces::localizedFixtureSetFrom,
-      [](LocalizableFixtureSet& english, const LocalizableFixtureSet& localized) { english.append(localized); }};
+      [](LocalizableFixtureSet& english, const LocalizableFixtureSet& localized) { english.layOver(localized); }};
 };
 
 Readers& readers() {

@@ -36,10 +36,13 @@ StringMap<Fixture> LocalizableFixtureSet::fixtures() const {
   return result;
 }
 
-void LocalizableFixtureSet::append(const LocalizableFixtureSet& other) {
+void LocalizableFixtureSet::layOver(const LocalizableFixtureSet& other) {
+  StringSet taken;
+  for (const auto& words : other.stringsForLocalizableFixture) taken.insert(words.begin(), words.end());
   for (std::size_t i = 0; i < kLocalizableFixtureCount; ++i) {
-    const auto& words = other.stringsForLocalizableFixture[i];
     auto& mine = stringsForLocalizableFixture[i];
+    std::erase_if(mine, [&taken](const std::string& word) { return taken.contains(word); });
+    const auto& words = other.stringsForLocalizableFixture[i];
     mine.insert(mine.end(), words.begin(), words.end());
   }
 }

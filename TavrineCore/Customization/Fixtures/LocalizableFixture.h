@@ -42,8 +42,8 @@ struct LocalizableFixtureSet {
   /// Each word with its fixture. Of a word under two keys the later key's meaning counts.
   StringMap<Fixture> fixtures() const;
 
-  /// Adds the words of another file behind the ones that are here.
-  void append(const LocalizableFixtureSet& other);
+  /// Adds the words of another file. A word that is in both keeps only the meaning that it has there.
+  void layOver(const LocalizableFixtureSet& other);
 
   friend bool operator==(const LocalizableFixtureSet&, const LocalizableFixtureSet&) = default;
 };
