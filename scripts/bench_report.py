@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Prints the medians of a benchmark run, their ratios to the reference loop, and how they stand to the budgets.
 
-Usage: bench_report.py REFERENCE.json REPORT.json BUDGETS.tsv
+Usage: bench_report.py BUDGETS.tsv REPORT.json...
 
 A row of the budgets is "name, budget, note": the budget is in nanoseconds of an iteration, or, where the name is
 "benchmark:counter", in the unit of that counter.
@@ -32,7 +32,8 @@ def medians(path):
         if run.get("error_occurred"):
             sys.exit(f"{name}: {run.get('error_message')}")
         clock = "real_time" if run["run_name"].endswith("/real_time") else "cpu_time"
-        samples.setdefault(name, []).append(run[clock] * NANOSECONDS[run["time_unit"]])
+        if clock in run:
+            samples.setdefault(name, []).append(run[clock] * NANOSECONDS[run["time_unit"]])
         for counter in run.keys() - known:
             samples.setdefault(f"{name}:{counter}", []).append(run[counter])
     return {name: statistics.median(values) for name, values in samples.items()}
@@ -46,10 +47,11 @@ def budgets(path):
 
 
 def main():
-    reference = medians(sys.argv[1])[REFERENCE]
-    measured = medians(sys.argv[2])
-    limits = budgets(sys.argv[3])
-    measured.pop(REFERENCE, None)
+    limits = budgets(sys.argv[1])
+    measured = {}
+    for report in sys.argv[2:]:
+        measured |= medians(report)
+    reference = measured.pop(REFERENCE)
 
     width = max(map(len, [*measured, *limits, REFERENCE]))
     print(f"{'benchmark':{width}} {'median':>14} {'x reference':>12} {'budget':>12}")
