@@ -64,7 +64,7 @@ def main():
             budget, note = limits[name]
             verdict = "met" if value <= budget else "EXCEEDED"
             line += f" {budget:12,.1f} {verdict:8} {note}"
-        print(line)
+        print(line.rstrip())
 
     unmeasured = [name for name in limits if name not in measured]
     if unmeasured:
