@@ -150,13 +150,12 @@ class Token {
   /// The part of a date that the unit counts: `month` of "months".
   [[nodiscard]] std::optional<Calendar::Component> calendarComponentValue() const;
 
-  /// The span of a timespan, a datespan or a unit expression in a unit of time.
   [[nodiscard]] std::optional<Timespan> timespanValue() const;
   [[nodiscard]] std::optional<Datespan> datespanValue() const;
   [[nodiscard]] std::optional<DateInterval> dateIntervalValue() const;
   [[nodiscard]] std::optional<Laptime> laptimeValue() const;
   [[nodiscard]] std::optional<Frametime> frametimeValue() const;
-  /// The components of date components, of a date or of a timespan.
+  /// The components of date components or of a timespan.
   [[nodiscard]] std::optional<DateComponents> dateComponentsValue() const;
   [[nodiscard]] std::optional<TimeZone> timeZoneValue() const;
   [[nodiscard]] std::optional<Place> placeValue() const;
@@ -168,7 +167,7 @@ class Token {
   [[nodiscard]] std::optional<StatisticType> statisticType() const;
   [[nodiscard]] std::optional<Subsheet> subsheetValue() const;
   [[nodiscard]] std::optional<std::string> urlValue() const;
-  /// The name of a traditional function.
+  /// The name of a traditional function that the host implements.
   [[nodiscard]] std::optional<std::string> functionName() const;
   [[nodiscard]] std::optional<FunctionIdentifier> functionIdentifier() const;
   /// The error that an `error` token stands for; `Infinity` for a number that is none.
@@ -183,7 +182,7 @@ class Token {
   [[nodiscard]] std::optional<Decimal> number() const;
   [[nodiscard]] bool booleanValue() const;
   [[nodiscard]] Percentage percentageValue() const;
-  /// A date; a number is read as a moment, a subexpression is evaluated.
+  /// A date; a subexpression is evaluated.
   [[nodiscard]] std::optional<Datestamp> datestampValue() const;
   /// The variable that the token names or declares.
   [[nodiscard]] std::optional<Variable> variable() const;

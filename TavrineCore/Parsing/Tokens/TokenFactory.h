@@ -14,7 +14,6 @@ namespace tavrine {
 
 struct CustomUnit;
 struct UnitRange;
-enum class UnitIdentifier : std::uint16_t;
 
 /// Makes tokens of values: every intermediate result of a calculation is a token again. A made token stands in no text,
 /// so its range is {0, 0}; where it is compound it has the subtokens that a typed one would have, so that the engine
@@ -36,12 +35,15 @@ class TokenFactory {
 
   // --- Units and rates --------------------------------------------------------------------------------------------
   [[nodiscard]] static Token unitWith(const TCUnit& unit);
-  [[nodiscard]] static Token unitWith(UnitIdentifier identifier);
   [[nodiscard]] static Token unitRangeWith(const UnitRange& unitRange);
   [[nodiscard]] static Token unitExpressionWith(const Decimal& numericValue, const TCUnit& unit,
                                                 bool prefersCompoundFormatting = false);
   [[nodiscard]] static Token unitExpressionWith(const Decimal& numericValue, std::optional<std::string> scalar,
                                                 const TCUnit& unit, bool prefersCompoundFormatting = false);
+  /// Of a result that a calculation with units gave. What is no unit expression comes back inside a `customInternal`
+  /// token.
+  [[nodiscard]] static Token unitExpressionWith(const EvaluationResult& unitCalculationResult,
+                                                bool prefersCompoundFormatting);
   [[nodiscard]] static Token customUnitWith(const CustomUnit& customUnit);
   [[nodiscard]] static Token substanceWith(const Substance& value);
   /// A rate of the kind that the metadata tells: of a unit, of a percentage, of a plain number. The blank token for
@@ -77,7 +79,7 @@ class TokenFactory {
   // --- Converters: append one to a list to convert its result ------------------------------------------------------
   /// The metadata of a unit; the blank token for any other.
   [[nodiscard]] static Token converterToUnitWith(const TokenMetadataRef& metadata);
-  [[nodiscard]] static Token converterToDurationUnitWith(UnitIdentifier identifier);
+  [[nodiscard]] static Token converterToDurationUnitWith(const TCUnit& unit);
   [[nodiscard]] static Token converterToNumber();
   [[nodiscard]] static Token converterToMultiplier();
   [[nodiscard]] static Token converterToDate();
