@@ -8,6 +8,7 @@
 #include <rapidjson/writer.h>
 
 #include <charconv>
+#include <memory>
 #include <system_error>
 #include <unordered_map>
 
@@ -40,10 +41,12 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
   [[nodiscard]] bool isTooDeep() const noexcept { return tooDeep_; }
 
  private:
+  /// Where the members of an object stand, from a size on at which walking them costs.
+  using MemberIndex = std::unordered_map<std::string, std::size_t>;
   struct Open {
     Json value;
-    std::string key;                                     // of the member to come
-    std::unordered_map<std::string, std::size_t> index;  // of the members, from a size on at which walking them costs
+    std::string key;  // of the member to come
+    std::unique_ptr<MemberIndex> index;
   };
   static constexpr std::size_t kWalkedMembers = 16;
 
@@ -76,10 +79,11 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
   static void addMember(Open& object, Json value) {
     Json::Object& members = *object.value.asObject();
     if (members.size() < kWalkedMembers) return object.value.set(object.key, std::move(value));
-    if (object.index.empty()) {
-      for (std::size_t i = 0; i < members.size(); ++i) object.index.emplace(members[i].key, i);
+    if (!object.index) {
+      object.index = std::make_unique<MemberIndex>();
+      for (std::size_t i = 0; i < members.size(); ++i) object.index->emplace(members[i].key, i);
     }
-    const auto [known, isNew] = object.index.emplace(object.key, members.size());
+    const auto [known, isNew] = object.index->emplace(object.key, members.size());
     if (isNew) {
       members.push_back({std::move(object.key), std::move(value)});
     } else {

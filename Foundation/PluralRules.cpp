@@ -7,7 +7,9 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "Foundation/StringMap.h"
@@ -50,27 +52,39 @@ bool isPlainNumber(std::string_view text) {
 
 struct ShownDigits {
   std::string text;
-  std::int32_t decimals = 0;
+  std::size_t decimals = 0;
 };
+
+constexpr std::size_t kKeptDigits = 12;
+
+/// Shows exactly so many decimals, since the rules look at those that are shown. Slow to make and quick to use.
+const icu::number::LocalizedNumberFormatter& formatterWithDecimals(std::size_t decimals) {
+  thread_local std::array<std::optional<icu::number::LocalizedNumberFormatter>, kKeptDigits + 1> formatters;
+  auto& formatter = formatters[decimals];
+  if (!formatter) {
+    formatter = icu::number::NumberFormatter::withLocale(icu::Locale::getRoot())
+                    .precision(icu::number::Precision::fixedFraction(static_cast<std::int32_t>(decimals)));
+  }
+  return *formatter;
+}
 
 /// Rules ask for the last few digits before and behind the point, and whether there are more. ICU answers in doubles,
 /// which lose the last digits of a long number: so those are kept, behind a 1 for all the others.
 ShownDigits shortened(std::string_view number) {
-  constexpr std::size_t kept = 12;
   const std::size_t point = std::min(number.find('.'), number.size());
   std::string_view whole = number.substr(0, point);
   if (whole.starts_with('-')) whole.remove_prefix(1);
   whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size() - 1));
   std::string_view decimals = number.substr(std::min(point + 1, number.size()));
   ShownDigits shown;
-  if (whole.size() > kept) {
-    whole.remove_prefix(whole.size() - kept);
+  if (whole.size() > kKeptDigits) {
+    whole.remove_prefix(whole.size() - kKeptDigits);
     shown.text = "1";
   }
-  if (decimals.size() > kept) decimals.remove_prefix(decimals.size() - kept);
+  if (decimals.size() > kKeptDigits) decimals.remove_prefix(decimals.size() - kKeptDigits);
   shown.text += whole;
   if (!decimals.empty()) shown.text.append(".").append(decimals);
-  shown.decimals = static_cast<std::int32_t>(decimals.size());
+  shown.decimals = decimals.size();
   return shown;
 }
 
@@ -82,11 +96,14 @@ PluralCategory pluralCategory(std::string_view number, const Locale& locale) {
   const icu::PluralRules* const rules = rulesFor(locale);
   if (rules == nullptr || !isPlainNumber(number)) return PluralCategory::other;
   const ShownDigits shown = shortened(number);
-  // The digits shown decide, so they are asked for: as many behind the point as the text has.
   UErrorCode status = U_ZERO_ERROR;
+  if (shown.decimals == 0) {
+    std::int64_t whole = 0;  // of 13 digits at most, which a double holds exactly
+    std::from_chars(shown.text.data(), shown.text.data() + shown.text.size(), whole);
+    return categoryNamed(rules->select(static_cast<double>(whole)));
+  }
   const icu::number::FormattedNumber formatted =
-      icu::number::NumberFormatter::withLocale(icu::Locale::getRoot())
-          .precision(icu::number::Precision::fixedFraction(shown.decimals))
+      formatterWithDecimals(shown.decimals)
           .formatDecimal(icu::StringPiece(shown.text.data(), static_cast<std::int32_t>(shown.text.size())), status);
   const icu::UnicodeString keyword = rules->select(formatted, status);
   return U_SUCCESS(status) ? categoryNamed(keyword) : PluralCategory::other;

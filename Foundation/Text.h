@@ -83,7 +83,10 @@ class ClusterIterator {
 
  private:
   void step() noexcept {
-    if (!atEnd()) end_ = clusterEnd(text_, offset_);
+    if (atEnd()) return;
+    // Between two ASCII characters there is nothing to look up, and of nothing else do most texts consist.
+    const bool betweenAscii = offset_ + 1 < text_.size() && ((text_[offset_] | text_[offset_ + 1]) & 0x80) == 0;
+    end_ = betweenAscii && text_[offset_] != '\r' ? offset_ + 1 : clusterEnd(text_, offset_);
   }
 
   std::string_view text_;

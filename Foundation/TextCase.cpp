@@ -8,6 +8,7 @@
 #include <unicode/unorm2.h>
 #include <unicode/utf16.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 
@@ -75,11 +76,15 @@ void appendWithoutMarks(std::string& text, char32_t scalar, const UNormalizer2* 
 
 bool isLowercased(std::string_view text) noexcept {
   for (std::size_t offset = 0; offset < text.size();) {
+    const char c = text[offset];
+    if (isAsciiUpper(c)) return false;
+    if (static_cast<unsigned char>(c) < 0x80) {
+      ++offset;
+      continue;
+    }
     const DecodedScalar next = decodeScalar(text, offset);
-    const bool changes = next.scalar < 0x80
-                             ? isAsciiUpper(static_cast<char>(next.scalar))
-                             : u_tolower(static_cast<UChar32>(next.scalar)) != static_cast<UChar32>(next.scalar);
-    if (changes) return false;
+    const auto scalar = static_cast<UChar32>(next.scalar);
+    if (u_tolower(scalar) != scalar) return false;
     offset += next.length;
   }
   return true;
