@@ -56,21 +56,21 @@ constexpr auto kCompare = [](const Decimal& a, const Decimal& b) { return a < b;
 constexpr auto kToDouble = [](const Decimal& a, const Decimal&) { return a.doubleValue(); };
 constexpr auto kDescription = [](const Decimal& a, const Decimal&) { return a.description(); };
 
-BENCHMARK_CAPTURE(run, add / typed, Length::typed, kAdd);
-BENCHMARK_CAPTURE(run, add / 38, Length::full, kAdd);
-BENCHMARK_CAPTURE(run, multiply / typed, Length::typed, kMultiply);
-BENCHMARK_CAPTURE(run, multiply / 38, Length::full, kMultiply);
-BENCHMARK_CAPTURE(run, divide / typed, Length::typed, kDivide);
-BENCHMARK_CAPTURE(run, divide / 38, Length::full, kDivide);
-BENCHMARK_CAPTURE(run, compare / typed, Length::typed, kCompare);
-BENCHMARK_CAPTURE(run, round / typed, Length::typed, kRound);
-BENCHMARK_CAPTURE(run, toDouble / typed, Length::typed, kToDouble);
-BENCHMARK_CAPTURE(run, toDouble / 38, Length::full, kToDouble);
-BENCHMARK_CAPTURE(run, description / typed, Length::typed, kDescription);
-BENCHMARK_CAPTURE(run, squareRoot / typed, Length::typed, kSqrt);
-BENCHMARK_CAPTURE(run, cubeRoot / typed, Length::typed, kCubeRoot);
-BENCHMARK_CAPTURE(run, modulus / typed, Length::typed, kModulus);
-BENCHMARK_CAPTURE(run, tenthPower / typed, Length::typed, kPower);
+BENCHMARK_CAPTURE(run, DecimalAdd, Length::typed, kAdd)->Name("BM_DecimalAdd");
+BENCHMARK_CAPTURE(run, DecimalAddFull, Length::full, kAdd)->Name("BM_DecimalAddFull");
+BENCHMARK_CAPTURE(run, DecimalMultiply, Length::typed, kMultiply)->Name("BM_DecimalMultiply");
+BENCHMARK_CAPTURE(run, DecimalMultiplyFull, Length::full, kMultiply)->Name("BM_DecimalMultiplyFull");
+BENCHMARK_CAPTURE(run, DecimalDivide, Length::typed, kDivide)->Name("BM_DecimalDivide");
+BENCHMARK_CAPTURE(run, DecimalDivideFull, Length::full, kDivide)->Name("BM_DecimalDivideFull");
+BENCHMARK_CAPTURE(run, DecimalCompare, Length::typed, kCompare)->Name("BM_DecimalCompare");
+BENCHMARK_CAPTURE(run, DecimalRound, Length::typed, kRound)->Name("BM_DecimalRound");
+BENCHMARK_CAPTURE(run, DecimalToDouble, Length::typed, kToDouble)->Name("BM_DecimalToDouble");
+BENCHMARK_CAPTURE(run, DecimalToDoubleFull, Length::full, kToDouble)->Name("BM_DecimalToDoubleFull");
+BENCHMARK_CAPTURE(run, DecimalDescription, Length::typed, kDescription)->Name("BM_DecimalDescription");
+BENCHMARK_CAPTURE(run, DecimalSquareRootTyped, Length::typed, kSqrt)->Name("BM_DecimalSquareRootTyped");
+BENCHMARK_CAPTURE(run, DecimalNthRootTyped, Length::typed, kCubeRoot)->Name("BM_DecimalNthRootTyped");
+BENCHMARK_CAPTURE(run, DecimalModulus, Length::typed, kModulus)->Name("BM_DecimalModulus");
+BENCHMARK_CAPTURE(run, DecimalTenthPower, Length::typed, kPower)->Name("BM_DecimalTenthPower");
 
 // Small arguments: the root is near, so that this shows the rounds of the last digits.
 void roots(benchmark::State& state, Binary root) {
@@ -80,8 +80,8 @@ void roots(benchmark::State& state, Binary root) {
     i = (i + 1) % 98;
   }
 }
-BENCHMARK_CAPTURE(roots, squareRoot / small, kSqrt);
-BENCHMARK_CAPTURE(roots, cubeRoot / small, kCubeRoot);
+BENCHMARK_CAPTURE(roots, SquareRoot, kSqrt)->Name("BM_DecimalSquareRoot");
+BENCHMARK_CAPTURE(roots, CubeRoot, kCubeRoot)->Name("BM_DecimalNthRoot");
 
 void formatDecimal(benchmark::State& state) {
   const std::vector<Decimal> values = numbers(Length::typed, 1);
@@ -95,18 +95,18 @@ void formatDecimal(benchmark::State& state) {
     i = (i + 1) % kCount;
   }
 }
-BENCHMARK(formatDecimal);
+BENCHMARK(formatDecimal)->Name("BM_FormatDecimal");
 
 void recogniseNumber(benchmark::State& state) {
   const NumberSymbols& symbols = NumberSymbols::forLocale("en_US");
   for (auto _ : state) benchmark::DoNotOptimize(parseStrict("1,234,567.89", symbols));
 }
-BENCHMARK(recogniseNumber);
+BENCHMARK(recogniseNumber)->Name("BM_RecogniseNumber");
 
 void findSymbols(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(&NumberSymbols::forLocale("de_DE"));
 }
-BENCHMARK(findSymbols);
+BENCHMARK(findSymbols)->Name("BM_NumberSymbols");
 
 }  // namespace
 }  // namespace tavrine::foundation

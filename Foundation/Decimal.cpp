@@ -85,10 +85,9 @@ struct ChunkedDigits {
 
 // Nineteen digits at a time, the lowest first.
 ChunkedDigits chunk(UInt128 mantissa) {
-  constexpr std::uint64_t kChunk = 10'000'000'000'000'000'000u;
   ChunkedDigits result;
   do {
-    const Division128 division = divideNarrow(mantissa, kChunk);
+    const Division128 division = divideByPowerOfTen(mantissa, 19);
     result.chunks[result.count++] = lowWord(division.remainder);
     mantissa = division.quotient;
   } while (mantissa != 0);
@@ -173,7 +172,7 @@ class DecimalArithmetic {
       sticky = true;
       small = 0;
     } else if (lost > 0) {
-      const Division128 division = divideNarrow(small, powerOfTen(lost));
+      const Division128 division = divideByPowerOfTen(small, lost);
       sticky = division.remainder != 0;
       small = division.quotient;
     }
@@ -245,7 +244,7 @@ class DecimalArithmetic {
     Rest rest = Rest::belowHalf;
     if (drop <= decimalDigits(mantissa)) {
       const UInt128 divisor = powerOfTen(static_cast<int>(drop));
-      const Division128 division = divideNarrow(mantissa, divisor);
+      const Division128 division = divideByPowerOfTen(mantissa, static_cast<int>(drop));
       if (division.remainder == 0) return value;  // only where the exponent had no room for trailing zeros
       kept = division.quotient;
       rest = restOf(division.remainder, divisor);
@@ -277,17 +276,15 @@ class DecimalArithmetic {
   // digits / 10^drop for 1 <= drop <= the number of digits (at most 76), where at most 38 digits are left.
   static UInt128 cut(const UInt256& digits, int drop, bool sticky, Rest& rest, bool& inexact) {
     Division128 division;
-    UInt128 divisor;
     if (drop <= 38) {
-      divisor = powerOfTen(drop);
-      division = digits.high == 0 ? divideNarrow(digits.low, divisor) : divideWide(digits, divisor);
+      division = digits.high == 0 ? divideByPowerOfTen(digits.low, drop) : divideByPowerOfTen(digits, drop);
     } else {
-      const Division128 first = divideWide(digits, powerOfTen(38));
-      divisor = powerOfTen(drop - 38);
-      division = divideNarrow(first.quotient, divisor);
+      const Division128 first = divideByPowerOfTen(digits, 38);
+      drop -= 38;
+      division = divideByPowerOfTen(first.quotient, drop);
       sticky = sticky || first.remainder != 0;
     }
-    rest = restOf(division.remainder, divisor);
+    rest = restOf(division.remainder, powerOfTen(drop));
     if (rest == Rest::half && sticky) rest = Rest::aboveHalf;
     inexact = inexact || sticky || division.remainder != 0;
     return division.quotient;
@@ -526,7 +523,7 @@ std::uint64_t wholeMagnitude(const Decimal& value) {
   UInt128 whole = value.mantissa();
   if (value.exponent() < 0) {
     if (-value.exponent() > kPrecision) return 0;
-    whole = divideNarrow(whole, powerOfTen(-value.exponent())).quotient;
+    whole = divideByPowerOfTen(whole, -value.exponent()).quotient;
   } else {
     if (decimalDigits(whole) + value.exponent() > 20) return kLimit;
     whole *= powerOfTen(value.exponent());

@@ -12,6 +12,7 @@ namespace {
 constexpr auto kBankers = RoundingMode::bankers;
 constexpr Decimal kConvergenceTolerance = "1e-64"_dec;
 constexpr int kIterationLimit = 999;
+constexpr Decimal kLeastForSkipping = "1e-40"_dec;  // well above the tolerance
 
 bool leavesRange(CalculationError error) {
   return error == CalculationError::underflow || error == CalculationError::overflow;
@@ -26,6 +27,9 @@ std::uint64_t wholePower(const Decimal& power) {
   const bool isOdd = power.exponent() == 0 && (power.mantissa() & 1) != 0;
   return isOdd ? kLimit : kLimit - 1;
 }
+
+// Powers of what lies between 0 and 1 are rounded without bias, since they are usually long.
+RoundingMode modeOfWholePower(const Decimal& base) { return base > 0 && base < 1 ? kBankers : RoundingMode::plain; }
 
 // A power that is applied to many bases.
 class Power {
@@ -42,8 +46,7 @@ class Power {
       const PowerResult inverse = calculatePower(base, count_, kBankers);
       return inverse.error == PowerCalculationError::noError ? divide(1, inverse.value, kBankers) : Decimal::nan();
     }
-    const bool isProperFraction = base > 0 && base < 1;
-    return calculatePower(base, count_, isProperFraction ? kBankers : RoundingMode::plain).value;
+    return calculatePower(base, count_, modeOfWholePower(base)).value;
   }
 
  private:
@@ -81,14 +84,45 @@ class CycleWatch {
   int anchorRound_ = 0;
 };
 
-template <class Step, class Power>
-Decimal newton(const Decimal& value, Decimal guess, const Step& step, const Power& power) {
+// The magnitude to a few digits, at a fraction of the cost of the true one.
+double roughly(const Decimal& value) {
+  static constexpr auto kPowers = [] {
+    std::array<double, 256> powers{};  // 10^-128 to 10^127
+    powers[128] = 1;
+    for (std::size_t i = 128; i + 1 < powers.size(); ++i) powers[i + 1] = powers[i] * 10;
+    for (std::size_t i = 128; i > 0; --i) powers[i - 1] = powers[i] / 10;
+    return powers;
+  }();
+  const double mantissa =
+      static_cast<double>(highWord(value.mantissa())) * 0x1p64 + static_cast<double>(lowWord(value.mantissa()));
+  return mantissa * kPowers[static_cast<std::size_t>(value.exponent() + 128)];
+}
+
+bool isWithinTolerance(const Decimal& power, const Decimal& value) {
+  const Decimal difference = subtract(power, value, kBankers).magnitude();
+  return difference < kConvergenceTolerance && !difference.isNaN();
+}
+
+// Newton's method for a root of `value`. `lowerPower(guess)` is the guess to the degree less one, from which
+// `step(guess, lower)` makes the next guess and `power(guess, lower)` the guess to the degree.
+//
+// With `movesFromAbove` the degree is whole and at least 2, and the value not tiny: then a step that moved the guess by
+// more than a thousandth has left it above the root by 4e-7 of it or more, and needs no test against the tolerance.
+template <class LowerPower, class Step, class Power>
+Decimal newton(const Decimal& value, Decimal guess, bool movesFromAbove, const LowerPower& lowerPower, const Step& step,
+               const Power& power) {
   CycleWatch watch(guess);
   int lastRound = kIterationLimit;
+  Decimal lower = lowerPower(guess);
   for (int round = 1; round <= lastRound; ++round) {
-    guess = step(guess);
-    const Decimal difference = subtract(power(guess), value, kBankers).magnitude();
-    if (difference < kConvergenceTolerance && !difference.isNaN()) break;
+    const double before = movesFromAbove ? roughly(guess) : 0;
+    guess = step(guess, lower);
+    lower = lowerPower(guess);
+    if (movesFromAbove && !guess.isNaN()) {
+      const double after = roughly(guess);
+      if (std::abs(after - before) > 1e-3 * after) continue;
+    }
+    if (isWithinTolerance(power(guess, lower), value)) break;
     if (lastRound < kIterationLimit) continue;  // inside the cycle
     if (const std::optional<int> left = watch.roundsLeft(guess, round)) lastRound = round + *left;
   }
@@ -154,12 +188,13 @@ Decimal DDDecimalSqrt(const Decimal& value) {
   if (value.isNaN() || value.isSignMinus()) return Decimal::nan();
   // Half the exponent brings large values near their root at once.
   const Decimal start = value.exponent() > 2 ? value.withExponent(value.exponent() / 2) : value;
-  const auto step = [&value](const Decimal& guess) {
+  const auto itself = [](const Decimal& guess) { return guess; };
+  const auto step = [&value](const Decimal& guess, const Decimal&) {
     const Decimal sum = add(divide(value, guess, kBankers), guess, kBankers);
     return multiply(sum, "0.5"_dec, kBankers);  // cheaper than the division by 2, and the same
   };
-  const auto square = [](const Decimal& guess) { return multiply(guess, guess, kBankers); };
-  return newton(value, start, step, square);
+  const auto square = [](const Decimal& guess, const Decimal&) { return multiply(guess, guess, kBankers); };
+  return newton(value, start, value >= kLeastForSkipping, itself, step, square);
 }
 
 Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
@@ -169,12 +204,20 @@ Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
   if (value.isSignMinus() && !isOddDegree) return Decimal::nan();
   const Decimal oneLess = subtract(degree, 1, kBankers);
   const Power power(degree), powerOfOneLess(oneLess);
-  const auto step = [&](const Decimal& guess) {
+  const auto step = [&](const Decimal& guess, const Decimal& lower) {
     const Decimal kept = multiply(oneLess, guess, kBankers);
-    const Decimal share = divide(value, powerOfOneLess(guess), kBankers);
-    return divide(add(kept, share, kBankers), degree, kBankers);
+    return divide(add(kept, divide(value, lower, kBankers), kBankers), degree, kBankers);
   };
-  return newton(value, startOfRoot(value, degree, power), step, power);
+  // Where the power of one less is a chain of squares only, the last product is all that the full power adds.
+  const bool isOneProductMore = degree >= 2 && degree <= 5 && degree != 4 && degree.isWhole();
+  const auto fullPower = [&](const Decimal& guess, const Decimal& lower) {
+    if (!isOneProductMore) return power(guess);
+    CalculationError error;
+    const Decimal product = multiply(lower, guess, modeOfWholePower(guess), error);
+    return error == CalculationError::underflow ? Decimal::nan() : product;
+  };
+  const bool movesFromAbove = degree >= 2 && degree.isWhole() && value.magnitude() >= kLeastForSkipping;
+  return newton(value, startOfRoot(value, degree, power), movesFromAbove, powerOfOneLess, step, fullPower);
 }
 
 // ------------------------------------------------------------------------------------------------ other arithmetic

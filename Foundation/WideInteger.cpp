@@ -49,6 +49,68 @@ inline DivisionStep divideThreeWords(UInt128 top, std::uint64_t next, UInt128 de
   return {quotient, (partial << 64 | next) - excess};
 }
 
+// A power of ten shifted until its top bit is set, with its reciprocal floor((2^192 - 1) / divisor) - 2^64: enough to
+// find each word of a quotient by multiplication (Möller and Granlund, "Improved division by invariant integers").
+struct Reciprocal {
+  UInt128 divisor = 0;
+  std::uint64_t reciprocal = 0;
+  int shift = 0;
+};
+
+struct ReciprocalsOfTen {
+  Reciprocal rows[39] = {};
+
+  constexpr ReciprocalsOfTen() {
+    for (int i = 0; i < 39; ++i) {
+      rows[i].shift = 128 - bitWidth(powerOfTen(i));
+      rows[i].divisor = powerOfTen(i) << rows[i].shift;
+      rows[i].reciprocal = reciprocalOf(rows[i].divisor);
+    }
+  }
+
+ private:
+  static constexpr std::uint64_t reciprocalOf(UInt128 divisor) {
+    const std::uint64_t upper = highWord(divisor), lower = lowWord(divisor);
+    std::uint64_t result = lowWord(joinWords(~upper, ~std::uint64_t{0}) / upper);
+    std::uint64_t rest = upper * result + lower;
+    if (rest < lower) {
+      --result;
+      if (rest >= upper) {
+        --result;
+        rest -= upper;
+      }
+      rest -= upper;
+    }
+    const UInt128 correction = UInt128{result} * lower;
+    rest += highWord(correction);
+    if (rest < highWord(correction)) {
+      --result;
+      if (joinWords(rest, lowWord(correction)) >= divisor) --result;
+    }
+    return result;
+  }
+};
+constexpr ReciprocalsOfTen kReciprocalsOfTen;
+
+// The same long division with the reciprocal of the denominator.
+inline DivisionStep divideThreeWords(UInt128 top, std::uint64_t next, const Reciprocal& denominator) {
+  const std::uint64_t upper = highWord(denominator.divisor), lower = lowWord(denominator.divisor);
+  const UInt128 guess = UInt128{denominator.reciprocal} * highWord(top) + top;
+  std::uint64_t quotient = highWord(guess);
+  const std::uint64_t rest = lowWord(top) - quotient * upper;
+  UInt128 remainder = joinWords(rest, next) - UInt128{lower} * quotient - denominator.divisor;
+  ++quotient;
+  if (highWord(remainder) >= lowWord(guess)) {
+    --quotient;
+    remainder += denominator.divisor;
+  }
+  if (remainder >= denominator.divisor) {
+    ++quotient;
+    remainder -= denominator.divisor;
+  }
+  return {quotient, remainder};
+}
+
 }  // namespace
 
 Division128 divideWide(UInt256 numerator, UInt128 denominator) {
@@ -67,6 +129,23 @@ Division128 divideWide(UInt256 numerator, UInt128 denominator) {
   const DivisionStep upper = divideThreeWords(numerator.high, highWord(numerator.low), denominator);
   const DivisionStep lower = divideThreeWords(upper.remainder, lowWord(numerator.low), denominator);
   return {joinWords(upper.quotient, lower.quotient), lower.remainder >> shift};
+}
+
+Division128 divideByPowerOfTen(const UInt256& numerator, int exponent) {
+  const Reciprocal& denominator = kReciprocalsOfTen.rows[exponent];
+  const int shift = denominator.shift;
+  // Two shifts on the low half: one by 128, for a shift of 0, is undefined.
+  const UInt128 high = numerator.high << shift | numerator.low >> 1 >> (127 - shift);
+  const UInt128 low = numerator.low << shift;
+  const DivisionStep upper = divideThreeWords(high, highWord(low), denominator);
+  const DivisionStep lower = divideThreeWords(upper.remainder, lowWord(low), denominator);
+  return {joinWords(upper.quotient, lower.quotient), lower.remainder >> shift};
+}
+
+Division128 divideByPowerOfTen(UInt128 numerator, int exponent) {
+  if (highWord(numerator) == 0) return divideNarrow(numerator, powerOfTen(exponent));
+  if (exponent == 0) return {numerator, 0};
+  return divideByPowerOfTen(UInt256{0, numerator}, exponent);
 }
 
 Division128 divideNarrow(UInt128 numerator, UInt128 denominator) {

@@ -63,6 +63,10 @@ Division128 divideWide(UInt256 numerator, UInt128 denominator);
 /// `numerator / denominator` in 128 bits, without the general (slow) library division where 64 bits are enough.
 Division128 divideNarrow(UInt128 numerator, UInt128 denominator);
 
+/// The same by 10^exponent, for exponents 0 to 38, several times as fast; needs `numerator.high < 10^exponent`.
+Division128 divideByPowerOfTen(const UInt256& numerator, int exponent);
+Division128 divideByPowerOfTen(UInt128 numerator, int exponent);
+
 constexpr int bitWidth(UInt128 value) {
   return highWord(value) != 0 ? 64 + static_cast<int>(std::bit_width(highWord(value)))
                               : static_cast<int>(std::bit_width(lowWord(value)));
