@@ -384,27 +384,14 @@ std::optional<Decimal> Decimal::parse(std::string_view text) {
   return builder.value(negative, *exponent);
 }
 
-void DecimalBuilder::addDigit(unsigned digit) {
-  if (digits_ < kPrecision) {
-    mantissa_ = mantissa_ * 10 + digit;
-    if (mantissa_ != 0) ++digits_;
-    if (isBehindPoint_) --exponent_;
-    return;
-  }
-  if (digits_ == kPrecision) {
-    firstDropped_ = digit;
-    ++digits_;
-  } else {
-    hasMore_ = hasMore_ || digit != 0;
-  }
-  if (!isBehindPoint_) ++exponent_;
-}
-
 Decimal DecimalBuilder::value(bool negative, long exponent) const {
   if (mantissa_ == 0) return {};
-  const UInt256 digits = multiplyWide(mantissa_, 10) + UInt256{0, firstDropped_};
   const long total = exponent_ + std::clamp(exponent, -kExponentLimit, kExponentLimit);
   CalculationError ignored;
+  if (digits_ <= kPrecision) {
+    return DecimalArithmetic::round({0, mantissa_}, total, negative, false, RoundingMode::plain, ignored);
+  }
+  const UInt256 digits = multiplyWide(mantissa_, 10) + UInt256{0, firstDropped_};
   return DecimalArithmetic::round(digits, total - 1, negative, hasMore_, RoundingMode::plain, ignored);
 }
 

@@ -190,7 +190,21 @@ Decimal divide(const Decimal& a, const Decimal& b, RoundingMode mode);
 class DecimalBuilder {
  public:
   /// Appends a digit, 0 to 9.
-  void addDigit(unsigned digit);
+  void addDigit(unsigned digit) {
+    if (digits_ < 38) {
+      mantissa_ = mantissa_ * 10 + digit;
+      if (mantissa_ != 0) ++digits_;
+      if (isBehindPoint_) --exponent_;
+      return;
+    }
+    if (digits_ == 38) {
+      firstDropped_ = digit;
+      ++digits_;
+    } else {
+      hasMore_ = hasMore_ || digit != 0;
+    }
+    if (!isBehindPoint_) ++exponent_;
+  }
   /// The digits that follow stand behind the decimal point.
   void addPoint() { isBehindPoint_ = true; }
   /// The value so far × 10^exponent, rounded in mode `plain`.

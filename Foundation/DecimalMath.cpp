@@ -29,7 +29,11 @@ std::uint64_t wholePower(const Decimal& power) {
 }
 
 // Powers of what lies between 0 and 1 are rounded without bias, since they are usually long.
-RoundingMode modeOfWholePower(const Decimal& base) { return base > 0 && base < 1 ? kBankers : RoundingMode::plain; }
+RoundingMode modeOfWholePower(const Decimal& base) {
+  const bool isPositive = !base.isSignMinus() && !base.isZero() && !base.isNaN();
+  const bool isBelowOne = decimalDigits(base.mantissa()) + base.exponent() <= 0;
+  return isPositive && isBelowOne ? kBankers : RoundingMode::plain;
+}
 
 // A power that is applied to many bases.
 class Power {

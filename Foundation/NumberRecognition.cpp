@@ -48,6 +48,11 @@ class Reader {
       next_ = kEnd;
       return;
     }
+    if (const char byte = text_[end_]; (byte & 0x80) == 0) {
+      next_ = byte;
+      ++end_;
+      return;
+    }
     const DecodedScalar decoded = decodeScalar(text_, end_);
     next_ = static_cast<UChar32>(decoded.scalar);
     end_ += decoded.length;

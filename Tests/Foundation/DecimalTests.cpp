@@ -271,6 +271,32 @@ TEST(Decimal, RoundsToAScaleAsExactArithmeticDoes) {
   }
 }
 
+// The division by powers of ten goes by multiplication; the general one is checked by the numbers above.
+TEST(WideInteger, DividesByPowersOfTenAsByAnyNumber) {
+  std::mt19937_64 random(23);
+  const auto word = [&random] {
+    // Words of ones and zeros are where corrections are due.
+    const auto kind = random() % 8;
+    return kind == 0 ? ~std::uint64_t{0} : kind == 1 ? std::uint64_t{0} : random() >> (random() % 64);
+  };
+  for (int exponent = 0; exponent <= 38; ++exponent) {
+    const UInt128 power = powerOfTen(exponent);
+    for (int i = 0; i < 3000; ++i) {
+      UInt256 numerator{joinWords(word(), word()), joinWords(word(), word())};
+      if (random() % 16 == 0) numerator.high = power - 1;
+      if (random() % 16 == 0) numerator = multiplyWide(power, joinWords(word(), word()));  // without remainder
+      numerator.high %= power;
+      const Division128 want = divideWide(numerator, power);
+      const Division128 division = divideByPowerOfTen(numerator, exponent);
+      ASSERT_TRUE(division.quotient == want.quotient && division.remainder == want.remainder) << exponent;
+      const UInt256 again = multiplyWide(want.quotient, power) + UInt256{0, want.remainder};
+      ASSERT_TRUE(want.remainder < power && again == numerator) << exponent;
+      const Division128 narrow = divideByPowerOfTen(numerator.low, exponent);
+      ASSERT_TRUE(narrow.quotient == numerator.low / power && narrow.remainder == numerator.low % power) << exponent;
+    }
+  }
+}
+
 // ------------------------------------------------------------------------------------------------ text
 
 TEST(Decimal, ReadsAndWritesText) {
