@@ -22,7 +22,7 @@ std::string numberText(std::mt19937_64& random, Length length) {
   if (length == Length::typed) return std::to_string(1 + random() % 100'000) + "." + std::to_string(random() % 1000);
   std::string text;
   for (int i = 0; i < 38; ++i) text += static_cast<char>('1' + random() % 9);
-  text.insert(1 + random() % 30, ".");
+  text.insert(1 + random() % 30, 1, '.');
   return text;
 }
 

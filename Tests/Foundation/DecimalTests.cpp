@@ -182,7 +182,7 @@ Outcome canonical(Natural digits, int exponent, bool isNegative, bool isExact) {
   }
   for (bool wasExact = true; digits.digit(0) == 0 && exponent < 127; ++exponent) digits = digits.cut(1, wasExact);
   if (digits.size() > 38) return {"nan", overflow};
-  return {(isNegative ? "-" : "") + digits.text() + "e" + std::to_string(exponent),
+  return {std::string(isNegative ? "-" : "") + digits.text() + "e" + std::to_string(exponent),
           isExact ? noError : lossOfPrecision};
 }
 
@@ -196,7 +196,7 @@ Outcome rounded(const Exact& value, RoundingMode mode) {
 Outcome outcome(const Decimal& value, CalculationError error) {
   if (value.isNaN()) return {"nan", error};
   const Exact exact = exactly(value);
-  return {(exact.isNegative ? "-" : "") + exact.digits.text() + "e" + std::to_string(exact.exponent), error};
+  return {std::string(exact.isNegative ? "-" : "") + exact.digits.text() + "e" + std::to_string(exact.exponent), error};
 }
 
 // Numbers where things go wrong: long and short, nines, a lone leading digit, ties, the ends of the range.
