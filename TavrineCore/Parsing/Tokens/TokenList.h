@@ -92,6 +92,8 @@ class TokenList {
   [[nodiscard]] const UnitTypeSet& unitTypesCache() const noexcept { return unitTypesCache_; }
   /// Remembers the types of another list as well.
   void formCacheUnionWith(const TokenList& other);
+  /// From here on the list is one that has held just these types.
+  void replaceTypesCache(const TokenTypeSet& types) noexcept { typesEverPresent_ = types; }
 
   /// Goes up by one with each edit.
   [[nodiscard]] std::uint64_t modificationCount() const noexcept { return modificationCount_; }

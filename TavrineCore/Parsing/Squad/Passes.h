@@ -1,0 +1,26 @@
+#pragma once
+
+namespace tavrine {
+class TokenList;
+struct PassContext;
+}  // namespace tavrine
+
+/// The passes of the chain, one line each, under the names and in the order in which Stages.cpp lists them. A pass
+/// edits the list it is given and leaves alone what it can't apply to.
+namespace tavrine::passes {
+
+// SimpleTokenPasses.cpp
+/// The line becomes lexemes (in the scratch).
+void lexemesFor(TokenList& list, const PassContext& context);
+/// Lexemes become the first tokens; "#" and "tag" fuse, and so do "5", " ", "½".
+void tokensForLexemes(TokenList& list, const PassContext& context);
+
+// StructurePasses.cpp
+/// Balanced brackets become `subexpression` tokens.
+void wrapBracketsInSubexpressions(TokenList& list, const PassContext& context);
+/// A declaration hides its right side from the list's type cache: the cache is rebuilt from all depths.
+void updateTypesCacheIfNecessary(TokenList& list, const PassContext& context);
+/// The net behind all passes: a list that no longer is the line gives way to its simple tokens, or to one comment.
+void ensureTokensTileTheLine(TokenList& list, const PassContext& context);
+
+}  // namespace tavrine::passes

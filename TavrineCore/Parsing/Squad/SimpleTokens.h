@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string_view>
+
+#include "Foundation/Range.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Lexing/LexemeType.h"
+#include "TavrineCore/Parsing/Tokens/Token.h"
+
+namespace tavrine {
+
+struct PassContext;
+
+/// The first token of a lexeme: a number, white space, a variable, a function name, a fixture's type, or
+/// `unidentified`. Names of variables win over all words of the vocabulary.
+Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const PassContext& context);
+
+}  // namespace tavrine

@@ -1,0 +1,242 @@
+#include "TavrineCore/Parsing/Squad/Stages.h"
+
+#include <algorithm>
+#include <array>
+
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+using enum TokenType;
+
+constexpr TokenTypeSet kNothing{};
+
+bool lineHolds(const PassContext& context, std::string_view text) {
+  return context.rawExpression.find(text) != std::string_view::npos;
+}
+
+bool lineMayHoldScientificNotation(const TokenList&, const PassContext& context) {
+  return lineHolds(context, Parser::sciNoteEChar) || lineHolds(context, Parser::uppercaseSciNoteEChar);
+}
+bool lineHoldsAlternativeExponent(const TokenList&, const PassContext& context) {
+  return lineHolds(context, Parser::alternativeExponent);
+}
+bool localeIsChinese(const TokenList&, const PassContext& context) {
+  return context.customization.locale().isChinese();
+}
+bool slashCommentsInLine(const TokenList&, const PassContext& context) {
+  return context.features.slashComments() && lineHolds(context, Parser::slash);
+}
+bool calendarCalculations(const TokenList&, const PassContext& context) {
+  return context.features.calendarCalculations;
+}
+bool cookingSubstances(const TokenList&, const PassContext& context) { return context.features.cookingSubstances; }
+bool bracketsFold(const TokenList&, const PassContext& context) { return context.features.subexpressions; }
+bool gpsAndDms(const TokenList&, const PassContext& context) { return context.features.GPSAndDMS; }
+bool bracketComments(const TokenList&, const PassContext& context) { return context.features.bracketComments(); }
+bool noPercentageWasFound(const TokenList& list, const PassContext&) { return !list.typePrecheck(percentage); }
+bool holdsMoreThanCommentWords(const TokenList& list, const PassContext&) {
+  return !list.onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace);
+}
+bool variablesStandExpanded(const TokenList&, const PassContext& context) {
+  return context.scratch.expansion != nullptr;
+}
+
+/// The chain. What a stage relies on:
+/// - Labels (G2) go first: a word taken into a label is out of reach of units and dates.
+/// - Dates (G8) run before units (G11): the digits of a date are gone when numbers pair with units.
+/// - The unary minus (G9) runs behind the dates, which take their dashes first, and before the units, which pick up a
+///   negative number.
+/// - Behind G17 no `unidentified` token is left on the top level: functions match on comment words.
+/// - G20 is the seam at which the flat list becomes a tree. Every pass before it works on one level and sees brackets
+///   as plain tokens; every pass behind it must walk all lists.
+/// - Word functions (G27) run before converters (G30): a phrase that holds "in" or "to" has taken it by then.
+/// - Declarations (G34) come after everything that can stand on their right side.
+constexpr auto kStages = std::to_array<Stage>({
+    // name, pass, phase, needs all of, needs any of, also requires, run
+    {"S1", "lexemesFor", ParsePhase::simple, kNothing, kNothing, nullptr, passes::lexemesFor},
+    {"S2", "tokenFor", ParsePhase::simple, kNothing, kNothing, nullptr, passes::tokensForLexemes},
+    {"S3", "gatherWhitespacedSeparatedNumbers", ParsePhase::simple, {number, whitespace}, kNothing, nullptr, nullptr},
+    {"S4", "applyScalarsToNumbers", ParsePhase::simple, {scalar}, kNothing, nullptr, nullptr},
+    {"S5",
+     "identifyScientificNotation",
+     ParsePhase::simple,
+     {number, unidentified},
+     kNothing,
+     lineMayHoldScientificNotation,
+     nullptr},
+    {"S6", "identifyOtherBaseNumbersIn", ParsePhase::simple, {number, unidentified}, kNothing, nullptr, nullptr},
+    {"S7",
+     "identifyMultiCharacterOperators",
+     ParsePhase::simple,
+     {operator_},
+     kNothing,
+     lineHoldsAlternativeExponent,
+     nullptr},
+    {"S8", "identifyMultiCharacterOperators", ParsePhase::simple, {equals}, kNothing, nullptr, nullptr},
+    {"S9", "identifyConjunctionsAsLogicalOperatorsIn", ParsePhase::simple, kNothing, kNothing, nullptr, nullptr},
+    {"S10", "identifyNumericClustersIn", ParsePhase::simple, {unidentified}, kNothing, nullptr, nullptr},
+    {"S11", "identifyMultiWordFixturesAndCustomTypesIn", ParsePhase::simple, kNothing, kNothing, nullptr, nullptr},
+    {"S12", "identifyExtraFixturesInChinese", ParsePhase::simple, {unidentified}, kNothing, localeIsChinese, nullptr},
+
+    {"V1", "identifyMultiWordVariablesIn", ParsePhase::variables, kNothing, kNothing, nullptr, nullptr},
+    {"V2", "expandVariables", ParsePhase::variables, kNothing, {variable, subsheet}, nullptr, nullptr},
+
+    {"G1", "identifySlashCommentsIn", ParsePhase::groups, {operator_}, kNothing, slashCommentsInLine, nullptr},
+    {"G1",
+     "identifySlashCommentsIn, in words",
+     ParsePhase::groups,
+     {operator_, unidentified},
+     kNothing,
+     slashCommentsInLine,
+     nullptr},
+    {"G2", "identifyLabelsIn", ParsePhase::groups, {colon}, kNothing, nullptr, nullptr},
+    {"G3", "identifyUnitsIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G4", "identifyLaptimesAndFrametimesIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G5",
+     "identifyTimezonesInAndSpecialDaysIn",
+     ParsePhase::groups,
+     {unidentified},
+     kNothing,
+     calendarCalculations,
+     nullptr},
+    {"G5",
+     "identifyTimezonesInAndSpecialDaysIn, relative places",
+     ParsePhase::groups,
+     {relativePlaceWord},
+     kNothing,
+     calendarCalculations,
+     nullptr},
+    {"G6", "identifySubstancesIn", ParsePhase::groups, {unidentified}, kNothing, cookingSubstances, nullptr},
+    {"G7", "identifyDecimalPointSpecifiers", ParsePhase::groups, {typeName, number}, kNothing, nullptr, nullptr},
+    {"G8", "identifyDateComponentsIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
+    {"G8", "transformComponentsIntoIsoDatesIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
+    {"G8", "handleUSNamedTimezones", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
+    {"G8", "transformComponentsIntoDatesIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
+    {"G9", "identifyUnaryMinusNumbersIn", ParsePhase::groups, {operator_, number}, kNothing, nullptr, nullptr},
+    {"G10",
+     "transformNumberWordsAndApplyToNumbersWhereRequired",
+     ParsePhase::groups,
+     {numberWord},
+     kNothing,
+     nullptr,
+     nullptr},
+    {"G11", "identifyUnitExpressionsIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G12", "identifyTimespansIn", ParsePhase::groups, {unitExpression}, kNothing, nullptr, nullptr},
+    {"G12", "identifyTimespansIn, compounds", ParsePhase::groups, {compoundUnitExpression}, kNothing, nullptr, nullptr},
+    {"G13", "identifyPercentages", ParsePhase::groups, {number}, {percentageSymbol, typeName}, nullptr, nullptr},
+    {"G14", "identifyRatesIn", ParsePhase::groups, {operator_}, kNothing, nullptr, nullptr},
+    {"G15", "identifyDatespans", ParsePhase::groups, {datestamp}, kNothing, nullptr, nullptr},
+    {"G16", "sanityCheckDatestampIntervals", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G17",
+     "transformUnidentifiedTokensIntoWordComments",
+     ParsePhase::groups,
+     {unidentified},
+     kNothing,
+     nullptr,
+     nullptr},
+    {"G18", "identifyLegacyQuotationComments", ParsePhase::groups, {quotationMark}, kNothing, nullptr, nullptr},
+    {"G19", "identifyUnhashedTagsIn", ParsePhase::groups, {statisticType, wordComment}, kNothing, nullptr, nullptr},
+    {"G20",
+     "wrapBracketsInSubexpressions",
+     ParsePhase::groups,
+     {bracket},
+     kNothing,
+     bracketsFold,
+     passes::wrapBracketsInSubexpressions},
+    {"G21", "identifyFunctionExpressionsIn", ParsePhase::groups, {functionName}, kNothing, nullptr, nullptr},
+    {"G22",
+     "identifyPercentSymbolAsModIn",
+     ParsePhase::groups,
+     {percentageSymbol},
+     kNothing,
+     noPercentageWasFound,
+     nullptr},
+    {"G23",
+     "identifyLogicalNotOperatorIn",
+     ParsePhase::groups,
+     {wordComment},
+     Parser::operandsOfLogicalNot,
+     nullptr,
+     nullptr},
+    {"G24", "identifyLists", ParsePhase::groups, kNothing, Parser::listSupportingTypes, nullptr, nullptr},
+    {"G25", "identifyJavascriptFunctionsIn", ParsePhase::groups, {javascriptFunctionName}, kNothing, nullptr, nullptr},
+    {"G26", "identifyCustomWordFunctionsWithConjunctionWordsBeforeListsAreIdentified", ParsePhase::groups, kNothing,
+     kNothing, holdsMoreThanCommentWords, nullptr},
+    {"G26",
+     "identifyResolutionsIn",
+     ParsePhase::groups,
+     {unitExpression, operator_},
+     kNothing,
+     holdsMoreThanCommentWords,
+     nullptr},
+    {"G26", "identifyFractionsIn", ParsePhase::groups, {operator_}, kNothing, holdsMoreThanCommentWords, nullptr},
+    {"G27", "identifyWordFunctionsIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G28", "sanityCheckDatestampsInWordFunctionsIn", ParsePhase::groups, {datestamp}, kNothing, nullptr, nullptr},
+    {"G29",
+     "transformTimespansOutsideCalendarMathExpressionsBackIntoUnitExpressions",
+     ParsePhase::groups,
+     {timespan},
+     kNothing,
+     nullptr,
+     nullptr},
+    {"G30", "identifyConvertersIn", ParsePhase::groups, kNothing, {converterSymbol, typeName}, nullptr, nullptr},
+    {"G31", "identifyImplicitRatesIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G32", "identifyPrepositionalOperatorsAroundRatesIn", ParsePhase::groups, kNothing, TokenTypeSet::rateExpressable,
+     nullptr, nullptr},
+    {"G33", "identifyGPSCoordinatesIn", ParsePhase::groups, {comma, unitExpression}, kNothing, gpsAndDms, nullptr},
+    {"G34", "identifyVariableDeclarations", ParsePhase::groups, {equals}, kNothing, nullptr, nullptr},
+    {"G35", "identifyConditionalExpressionsIn", ParsePhase::groups, {conditionalKeyword}, kNothing, nullptr, nullptr},
+    {"G36", "identifyLabelExpressionsIn", ParsePhase::groups, {label}, kNothing, nullptr, nullptr},
+    {"G37",
+     "updateTypesCacheIfNecessary",
+     ParsePhase::groups,
+     {variableDeclaration},
+     kNothing,
+     nullptr,
+     passes::updateTypesCacheIfNecessary},
+
+    {"V3", "unexpandVariables", ParsePhase::restoring, kNothing, kNothing, variablesStandExpanded, nullptr},
+
+    {"C1", "deidentifyStragglers", ParsePhase::cleanUp, kNothing, kNothing, nullptr, nullptr},
+    {"C2", "identifyBracketCommentsIn", ParsePhase::cleanUp, {subexpression}, kNothing, bracketComments, nullptr},
+
+    {"L1", "ensureTokensTileTheLine", ParsePhase::guard, kNothing, kNothing, nullptr, passes::ensureTokensTileTheLine},
+});
+
+constexpr bool phasesAreInOrder() {
+  return std::is_sorted(kStages.begin(), kStages.end(),
+                        [](const Stage& left, const Stage& right) { return left.phase < right.phase; });
+}
+static_assert(phasesAreInOrder());
+
+bool gateIsOpen(const Stage& stage, const TokenList& list, const PassContext& context) {
+  if (!list.allTypesHaveBeenPresentIn(stage.needsAll)) return false;
+  if (!stage.needsAny.isEmpty() && !list.anyTypesHaveBeenPresentIn(stage.needsAny)) return false;
+  return stage.alsoRequires == nullptr || stage.alsoRequires(list, context);
+}
+
+}  // namespace
+
+std::span<const Stage> parserStages() { return kStages; }
+
+void runStages(ParsePhase first, ParsePhase last, TokenList& list, const PassContext& context,
+               const StageObserver* observer) {
+  for (const Stage& stage : kStages) {
+    if (stage.phase < first) continue;
+    if (stage.phase > last) break;
+    const bool runs = stage.run != nullptr && gateIsOpen(stage, list, context);
+    if (runs) stage.run(list, context);
+    if (observer != nullptr) (*observer)(stage, list, runs);
+  }
+}
+
+}  // namespace tavrine
