@@ -1,0 +1,130 @@
+#include "TavrineCore/Calculator.h"
+
+#include "Foundation/OperationQueue.h"
+#include "Foundation/SerialQueue.h"
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/EvaluationController.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/ParsingController.h"
+
+namespace tavrine {
+
+namespace {
+
+constexpr std::size_t kBackgroundWidth = 4;
+
+/// The text as UTF-8: itself, or a mended copy that `storage` keeps.
+std::string_view validText(std::string_view text, std::string& storage) {
+  if (isValidUtf8(text)) return text;
+  storage = sanitizedUtf8(text);
+  return storage;
+}
+
+const VariableList& emptyVariables() {
+  static const VariableList empty;
+  return empty;
+}
+
+}  // namespace
+
+/// The declarations that a calculator remembers. A parse holds on to the list that it began with, so a list that
+/// somebody reads is copied before it changes.
+struct Calculator::HistoricalVariables {
+  SerialQueue queue{"Historical Variables"};
+  std::shared_ptr<VariableList> list = std::make_shared<VariableList>();
+
+  std::shared_ptr<const VariableList> current() const {
+    return queue.sync([this]() -> std::shared_ptr<const VariableList> { return list; });
+  }
+
+  void remember(const Variable& variable) {
+    queue.async([this, &variable] {
+      if (list.use_count() > 1) list = list->copy();
+      list->setVariable(variable);
+    });
+  }
+};
+
+struct Calculator::BackgroundWork {
+  OperationQueue queue{"Background Calculations", kBackgroundWidth};
+};
+
+Calculator::Calculator(EngineCustomization customization)
+    : historicalVariables_(std::make_unique<HistoricalVariables>()) {
+  Parser parser(customization);
+  parsingController_ = std::make_shared<const ParsingController>(std::move(parser));
+  evaluationController_ = std::make_shared<const EvaluationController>(std::move(customization), nullptr);
+}
+
+Calculator::~Calculator() = default;
+
+std::unique_ptr<Calculator> Calculator::basic() { return std::make_unique<Calculator>(EngineCustomization::basic()); }
+
+const EngineCustomization& Calculator::customization() const {
+  return parsingController_->parser().engineCustomization();
+}
+
+CalculationResult Calculator::calculate(std::string_view expression, const std::shared_ptr<VariableList>& variables) {
+  const std::shared_ptr<const VariableList> all = finalVariableListFor(variables, historicalVariables_->current());
+  return calculationResultFor(expression, all ? *all : emptyVariables());
+}
+
+std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
+    const std::shared_ptr<VariableList>& explicitList, const std::shared_ptr<const VariableList>& historicalList) {
+  if (!explicitList) return historicalList->isEmpty() ? nullptr : historicalList;
+  if (!explicitList->isFullyDefined()) {
+    explicitList->provideDefinitionsForValuesWith([this](const std::string& value) {
+      return std::make_shared<const EvaluationResult>(calculationResultFor(value, emptyVariables()).evaluationResult);
+    });
+  }
+  if (historicalList->isEmpty()) return explicitList;
+
+  const std::shared_ptr<VariableList> both = historicalList->copy();
+  explicitList->forEach([&both](const Variable& variable) { both->setVariable(variable); });
+  return both;
+}
+
+CalculationResult Calculator::calculationResultFor(std::string_view expression, const VariableList& variables) {
+  std::string storage;
+  auto tokens = std::make_shared<const TokenList>(
+      parsingController_->parser().tokensFor(validText(expression, storage), variables));
+  CalculationResult result = evaluationController_->resultFor(std::move(tokens), formattingPreferences);
+  const bool remembers = retainsHistoricalVariables && customization().featureFlags().variableDeclarations;
+  if (const Variable* declared = result.evaluationResult.variableValue(); remembers && declared != nullptr) {
+    historicalVariables_->remember(*declared);
+  }
+  return result;
+}
+
+std::future<CalculationResult> Calculator::calculateInBackground(std::string expression,
+                                                                 std::shared_ptr<VariableList> variables) {
+  std::string storage;
+  const std::string text(validText(expression, storage));
+  std::shared_ptr<const VariableList> all = finalVariableListFor(variables, historicalVariables_->current());
+  auto promise = std::make_shared<std::promise<CalculationResult>>();
+  std::future<CalculationResult> future = promise->get_future();
+  std::call_once(backgroundWorkOnce_, [this] { backgroundWork_ = std::make_unique<BackgroundWork>(); });
+  backgroundWork_->queue.add([promise, text, all, parsing = parsingController_, evaluation = evaluationController_,
+                              preferences = formattingPreferences](const Operation& self) {
+    try {
+      auto tokens = std::make_shared<const TokenList>(parsing->parser().tokensFor(text, all ? *all : emptyVariables()));
+      promise->set_value(evaluation->evaluateInBackground(std::move(tokens), preferences, self.stopToken()));
+    } catch (...) {
+      promise->set_exception(std::current_exception());
+    }
+  });
+  return future;
+}
+
+std::optional<Calculator::DateAndResult> Calculator::dateFor(std::string_view expression,
+                                                             const std::shared_ptr<VariableList>& variables) {
+  CalculationResult result = calculate(expression, variables);
+  const Datestamp* datestamp = result.evaluationResult.datestampValue();
+  if (datestamp == nullptr) return std::nullopt;
+  const Date date = datestamp->date;
+  return DateAndResult{date, std::move(result)};
+}
+
+}  // namespace tavrine

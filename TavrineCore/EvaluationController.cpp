@@ -1,0 +1,69 @@
+#include "TavrineCore/EvaluationController.h"
+
+#include <utility>
+
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/ResultFormatting/CommonFormattedResultsCache.h"
+#include "TavrineCore/ResultFormatting/ModernResultFactory.h"
+#include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
+
+namespace tavrine {
+
+EvaluationController::EvaluationController(EngineCustomization customization, std::shared_ptr<const UnitList> unitList)
+    : customization_(customization),
+      unitList_(std::move(unitList)),
+      standardEvaluator_(customization),
+      backgroundEvaluator_(customization) {}
+
+const FormattingPreferences& EvaluationController::formattingPreferencesToUseWith(
+    const std::optional<FormattingPreferences>& preferences) const {
+  static const FormattingPreferences defaults;
+  if (preferences) return *preferences;
+  return defaultFormattingPreferences ? *defaultFormattingPreferences : defaults;
+}
+
+CalculationResult EvaluationController::resultFor(std::shared_ptr<const TokenList> originalList,
+                                                  const std::optional<FormattingPreferences>& preferences) const {
+  // A line of comment words has no answer: `none` has no text, so nothing is asked of the formatters.
+  const bool saysSomething =
+      !originalList->isEmpty() && !originalList->onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace);
+  if (!saysSomething) return {{}, EvaluationResult::none(), std::move(originalList)};
+
+  const FormattingPreferences& inForce = formattingPreferencesToUseWith(preferences);
+  const EvaluationResult result = standardEvaluator_.evaluate(*originalList, &inForce);
+  return handleEvaluationResult(roundResultIfNecessary(result, inForce), std::move(originalList), inForce);
+}
+
+CalculationResult EvaluationController::evaluateInBackground(std::shared_ptr<const TokenList> originalList,
+                                                             const std::optional<FormattingPreferences>& preferences,
+                                                             std::stop_token stop) const {
+  const FormattingPreferences& inForce = formattingPreferencesToUseWith(preferences);
+  try {
+    const EvaluationResult result = backgroundEvaluator_.evaluateInBackground(*originalList, stop);
+    return handleEvaluationResult(roundResultIfNecessary(result, inForce), std::move(originalList), inForce);
+  } catch (...) {
+    // Only a host's provider throws; whatever it was, the line has no answer now.
+    return {{}, EvaluationResult::failed(), std::move(originalList)};
+  }
+}
+
+CalculationResult EvaluationController::handleEvaluationResult(const EvaluationResult& result,
+                                                               std::shared_ptr<const TokenList> originalList,
+                                                               const FormattingPreferences& preferences) const {
+  if (const Decimal* number = result.as<EvaluationResult::Case::decimal>()) {
+    if (const auto text = CommonFormattedResultsCache::find(*number)) {
+      return {std::string(*text), result, std::move(originalList)};
+    }
+  }
+  const ResultFormatterContext context{originalList, unitList_, customization_.calendar(), customization_.locale(),
+                                       preferences};
+  if (auto formatted = ModernResultFactory::formattedResultFor(result, context)) return *std::move(formatted);
+  return {{}, result, std::move(originalList)};
+}
+
+EvaluationResult roundResultIfNecessary(const EvaluationResult& result, const FormattingPreferences& preferences) {
+  if (!preferences.referencesTakeFormattedValue) return result;
+  return result.roundedTo(preferences.dp).value_or(result);
+}
+
+}  // namespace tavrine

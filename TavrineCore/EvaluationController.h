@@ -1,0 +1,54 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+#include "TavrineCore/CalculationResult.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Evaluation/BackgroundTokenListEvaluator.h"
+#include "TavrineCore/Evaluation/TokenListEvaluator.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/ResultFormatting/FormattingPreferences.h"
+
+namespace tavrine {
+
+class TokenList;
+class UnitList;
+
+/// Takes a parsed line to its formatted answer. Immutable but for the default preferences, which a document sets
+/// before it calculates.
+class EvaluationController {
+ public:
+  EvaluationController(EngineCustomization customization, std::shared_ptr<const UnitList> unitList);
+
+  /// Evaluates and formats. The list is frozen from here on: the answer keeps it.
+  CalculationResult resultFor(std::shared_ptr<const TokenList> originalList,
+                              const std::optional<FormattingPreferences>& preferences) const;
+
+  /// The same with live data, which may be waited for on the caller's thread. What a provider throws becomes `failed`.
+  CalculationResult evaluateInBackground(std::shared_ptr<const TokenList> originalList,
+                                         const std::optional<FormattingPreferences>& preferences,
+                                         std::stop_token stop = {}) const;
+
+  /// Used where no preferences are passed; absent: the defaults of `FormattingPreferences`.
+  std::optional<FormattingPreferences> defaultFormattingPreferences;
+
+ private:
+  const FormattingPreferences& formattingPreferencesToUseWith(
+      const std::optional<FormattingPreferences>& preferences) const;
+  CalculationResult handleEvaluationResult(const EvaluationResult& result,
+                                           std::shared_ptr<const TokenList> originalList,
+                                           const FormattingPreferences& preferences) const;
+
+  EngineCustomization customization_;
+  std::shared_ptr<const UnitList> unitList_;
+  TokenListEvaluator standardEvaluator_;
+  BackgroundTokenListEvaluator backgroundEvaluator_;
+};
+
+/// The result as it is kept: money rounded to its currency's decimals, and with `referencesTakeFormattedValue` every
+/// number rounded to `dp`. Where rounding has no meaning the result stays as it is.
+EvaluationResult roundResultIfNecessary(const EvaluationResult& result, const FormattingPreferences& preferences);
+
+}  // namespace tavrine
