@@ -194,7 +194,7 @@ class Token {
   /// The token that this one comes to: a subexpression to its answer, a number to itself.
   [[nodiscard]] Token evaluated() const;
   /// The result that the token stands for.
-  [[nodiscard]] std::optional<EvaluationResult> evaluationResult() const;
+  [[nodiscard]] EvaluationResult evaluationResult() const;
 
   // --- Other tokens from this one --------------------------------------------------------------------------------
 

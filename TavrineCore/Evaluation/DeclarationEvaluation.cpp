@@ -1,0 +1,106 @@
+#include "TavrineCore/Evaluation/DeclarationEvaluation.h"
+
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Customization/Places/Place.h"
+#include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
+#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
+
+namespace tavrine {
+
+namespace {
+
+using Assignment = VariableDeclarationTokenMetadata::VariableAssignmentOperatorType;
+
+std::optional<Token> operatorOf(Assignment assignment) {
+  switch (assignment) {
+    case Assignment::vanilla:
+      return std::nullopt;
+    case Assignment::additive:
+      return operatorToken(TokenSubType::additionOperator, "+");
+    case Assignment::subtractive:
+      return operatorToken(TokenSubType::subtractionOperator, "-");
+    case Assignment::multiplicative:
+      return operatorToken(TokenSubType::multiplicationOperator, "*");
+    case Assignment::divizive:
+      return operatorToken(TokenSubType::divisionOperator, "/");
+  }
+  return std::nullopt;
+}
+
+/// "x += 5" works on what x has been so far.
+EvaluationResult assigned(const VariableDeclarationTokenMetadata& declaration, EvaluationResult value) {
+  const std::optional<Token> operation = operatorOf(declaration.type);
+  if (!operation || !declaration.preExistingDefinition || !declaration.preExistingDefinition->definition) return value;
+  return evaluatedPair(declaration.preExistingDefinition->definition->tokenized(), value.tokenized(), *operation)
+      .evaluationResult();
+}
+
+Variable variableWith(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
+  Variable variable(declaration.variableName, declaration.variableValueString, Variable::VariableType::local);
+  variable.isPhrase = declaration.variableName.find(' ') != std::string::npos;
+  variable.definition = std::make_shared<const EvaluationResult>(assigned(declaration, std::move(definition)));
+  return variable;
+}
+
+/// A variable can hold a bare place or a bare unit, which no expression comes to.
+EvaluationResult bareValueIn(const TokenList& tokens) {
+  if (const Token* timezone = tokens.lastTokenOfType(TokenType::timezone)) {
+    if (auto place = timezone->placeValue()) return EvaluationResult::place(std::move(*place));
+  }
+  if (const Token* unit = tokens.lastTokenOfType(TokenType::unit)) {
+    if (auto value = unit->unitValue()) return EvaluationResult::unit(std::move(*value));
+  }
+  return EvaluationResult::none();
+}
+
+Token declared(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
+  if (definition.is(EvaluationResultCase::none) && declaration.supportsRawStringValues) {
+    definition = EvaluationResult::rawString(declaration.variableValueString);
+  }
+  return TokenFactory::variable(variableWith(declaration, std::move(definition)));
+}
+
+}  // namespace
+
+Token evaluateDeclaration(const Token& declaration) {
+  if (!declaration.subtokens) return Token();
+  const TokenList& tokens = *declaration.subtokens;
+  const Token* assignment = tokens.firstTokenOfType(TokenType::variableAssignmentOperator);
+  if (assignment == nullptr) return Token();
+
+  if (const auto* variable = declaration.metadataAs<VariableDeclarationTokenMetadata>()) {
+    const auto behind = static_cast<std::ptrdiff_t>(*tokens.indexOf(*assignment) + 1);
+    const TokenList value(std::vector<Token>(tokens.begin() + behind, tokens.end()));
+    EvaluationResult definition = evaluate(value).evaluationResult();
+    if (definition.is(EvaluationResultCase::none)) definition = bareValueIn(tokens);
+    return declared(*variable, std::move(definition));
+  }
+  if (const auto* unit = declaration.metadataAs<UnitDeclarationTokenMetadata>()) {
+    return TokenFactory::unitExpressionWith(unit->value, unit->equivalentUnitExpression.unit);
+  }
+  return Token();
+}
+
+Token evaluateConditionalDeclaration(const Token& declaration) {
+  const auto* metadata = declaration.metadataAs<ConditionalVariableDeclarationTokenMetadata>();
+  if (metadata == nullptr || !metadata->variableDeclaration || !declaration.subtokens) return Token();
+  const Token* conditional = declaration.subtokens->firstTokenOfType(TokenType::conditionalExpression);
+  const auto* variable = metadata->variableDeclaration->metadataAs<VariableDeclarationTokenMetadata>();
+  if (conditional == nullptr || variable == nullptr) return Token();
+  return declared(*variable, conditional->evaluated().evaluationResult());
+}
+
+}  // namespace tavrine

@@ -1,0 +1,40 @@
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+
+namespace tavrine {
+
+Token errorToken(EvaluationError error) { return Token(TokenType::error, tokenSubtype(error), "Error", NSRange::zero); }
+
+Token pendingToken() { return Token(TokenType::pending, " ", NSRange::zero); }
+
+Token failedToken() { return Token(TokenType::failed, " ", NSRange::zero); }
+
+Token operatorToken(TokenSubType subtype, std::string_view text) {
+  return Token(TokenType::operator_, subtype, std::string(text), NSRange::zero);
+}
+
+bool isInBase(const Token& token) {
+  return token.is(TokenType::binaryNumber) || token.is(TokenType::octalNumber) ||
+         token.is(TokenType::hexadecimalNumber);
+}
+
+std::uint64_t unsignedWhole(const Decimal& value) {
+  const Decimal whole = value.rounded(0, RoundingMode::plain);
+  return whole.isSignMinus() ? static_cast<std::uint64_t>(whole.intValue()) : whole.uint64Value();
+}
+
+std::optional<Token> tokenInBase(TokenType base, std::uint64_t value) {
+  switch (base) {
+    case TokenType::binaryNumber:
+      return TokenFactory::binaryWith(value);
+    case TokenType::octalNumber:
+      return TokenFactory::octalWith(value);
+    case TokenType::hexadecimalNumber:
+      return TokenFactory::hexWith(value);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace tavrine

@@ -1,0 +1,72 @@
+#include <vector>
+
+#include "TavrineCore/Evaluation/Processors/GeneralPostProcessor.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
+
+namespace tavrine::processing {
+
+namespace {
+
+constexpr UnitTypeSet kUnitTypesBesideDates{UnitType::duration, UnitType::frequency, UnitType::frames,
+                                            UnitType::frameRate};
+
+bool hasUnitThatDatesDoNotGoWith(const TokenList& list) {
+  bool found = false;
+  list.enumerateAllTokensOfType(TokenType::unitExpression, false,
+                                [&](const Token& token, const TokenList&, const Token*, bool& stop) {
+                                  const auto unit = token.unitValue();
+                                  found = unit && !kUnitTypesBesideDates.contains(unit->unitType());
+                                  stop = found;
+                                });
+  return found;
+}
+
+/// Whether what looks like a date is arithmetic: "3/4 + 5" holds a plain number besides, "3/4 km" a length.
+bool shouldDeidentifyDatestampsAndSpans(const TokenList& list) {
+  for (const Token& token : list) {
+    if (token.is(TokenType::timespan)) return false;
+  }
+  return list.scanForTokenWithTypes(TokenType::number, TokenTypeSet::postProcessorDeidentifyDatestampTypes) !=
+             nullptr ||
+         hasUnitThatDatesDoNotGoWith(list);
+}
+
+void appendFlattened(const TokenList& list, std::vector<Token>& out) {
+  for (const Token& token : list) {
+    if (token.subtokens) {
+      appendFlattened(*token.subtokens, out);
+    } else {
+      out.push_back(token);
+    }
+  }
+}
+
+}  // namespace
+
+void deidentifyUnwantedDatestampsAndSpans(EditableTokenList& list) {
+  constexpr TokenTypeSet datestampsAndSpans{TokenType::datestamp, TokenType::datespan};
+  constexpr TokenTypeSet parentsThatWantDates{TokenType::wordFunction, TokenType::conditionalExpression,
+                                              TokenType::datespan};
+  // The dates of one list share their fate, which is decided before the first of them goes.
+  const TokenList* decidedFor = nullptr;
+  bool isArithmetic = false;
+  forEachToken(list, datestampsAndSpans, [&](EditableTokenList& tokens, std::size_t index, const Token* parent) {
+    if (parent != nullptr && parentsThatWantDates.contains(parent->type)) return index;
+    if (decidedFor != tokens.source()) {
+      decidedFor = tokens.source();
+      isArithmetic = shouldDeidentifyDatestampsAndSpans(tokens.list());
+    }
+    if (!isArithmetic) return index;
+    const Token token = tokens[index];
+    if (token.is(TokenType::datespan)) {
+      tokens.edit().deidentify(token);
+      return index;
+    }
+    if (!token.subtokens || token.subtokens->firstTokenOfType(TokenType::operator_) == nullptr) return index;
+    std::vector<Token> inside;
+    appendFlattened(*token.subtokens, inside);
+    return tokens.replace(index, index, std::move(inside));
+  });
+}
+
+}  // namespace tavrine::processing

@@ -1,0 +1,176 @@
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/Processors/GeneralPostProcessor.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
+
+namespace tavrine::processing {
+
+namespace {
+
+constexpr TokenTypeSet kBeginConverterChains{TokenType::unitExpression, TokenType::converter, TokenType::percentage,
+                                             TokenType::functionExpression};
+
+bool isIn(const Token* parent, TokenType type) { return parent != nullptr && parent->is(type); }
+
+bool isOperation(const EditableTokenList& list, std::optional<std::size_t> index, TokenSubType operation) {
+  return list.is(index, TokenType::operator_, operation);
+}
+
+bool isUnit(const EditableTokenList& list, std::optional<std::size_t> index) {
+  return list.is(index, TokenType::unit) && list[*index].metadataAs<UnitTokenMetadata>() != nullptr;
+}
+
+/// Whether amounts in the two units can be added.
+bool haveSameBase(const TCUnit& a, const TCUnit& b) {
+  return a == b || (a.unitType() == b.unitType() && a.unitType() != UnitType::other);
+}
+
+/// "(3 + 4) km", "km (3 + 4)" → the bracket converted into the unit; "(3 + 4) %" → a percentage.
+std::size_t convertBracketBesideUnit(EditableTokenList& list, std::size_t index, const Token*) {
+  const auto after = list.next(index);
+  const auto before = list.previous(index);
+  if (isUnit(list, after)) {
+    Token converter = TokenFactory::converterToUnitWith(list[*after].metadata);
+    return list.replace(index, *after, subexpressionOver({list[index], std::move(converter)}));
+  }
+  if (isUnit(list, before)) {
+    Token converter = TokenFactory::converterToUnitWith(list[*before].metadata);
+    return list.replace(*before, index, subexpressionOver({list[index], std::move(converter)}));
+  }
+  if (list.is(after, TokenType::percentageSymbol)) {
+    return list.replace(index, *after, subexpressionOver({list[index], TokenFactory::converterThatAppliesPercent()}));
+  }
+  return index;
+}
+
+/// "5 km miles" converts; "5 km km" says the same twice.
+std::size_t convertIntoBareUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
+  if (isIn(parent, TokenType::unitExpression) || !isUnit(list, index)) return index;
+  const Token* before = list.tokenAt(list.previous(index));
+  if (before == nullptr || !TokenTypeSet::implicitConversionTypes.contains(before->type)) return index;
+  if (before->unitValue() == list[index].unitValue()) return list.remove(index, index);
+  return list.replace(index, index, TokenFactory::converterToUnitWith(list[index].metadata));
+}
+
+/// "5 ft 3 in" → (3 in + 5 ft).
+std::size_t addUpCompoundUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
+  const TokenListRef parts = list[index].subtokens;
+  if (isIn(parent, TokenType::wordFunction) || isIn(parent, TokenType::timespan) || !parts) return index;
+  std::vector<Token> sum;
+  for (std::size_t i = parts->count(); i-- > 0;) {
+    if (!(*parts)[i].is(TokenType::unitExpression)) continue;
+    if (!sum.empty()) sum.push_back(operatorToken(TokenSubType::additionOperator, "+"));
+    sum.push_back((*parts)[i]);
+  }
+  return list.replace(index, index, subexpressionOver(std::move(sum)));
+}
+
+std::size_t removeOverSpecifiedUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
+  if (isIn(parent, TokenType::converter) || isIn(parent, TokenType::unitExpression)) return index;
+  if (!list.is(list.previous(index), TokenType::unitExpression) &&
+      !list.is(list.next(index), TokenType::unitExpression)) {
+    return index;
+  }
+  return list.remove(index, index);
+}
+
+/// "2 hours 30 minutes", where no parser pass has joined the two, is a sum.
+std::size_t joinUnitExpressions(EditableTokenList& list, std::size_t index, const Token* parent) {
+  if (isIn(parent, TokenType::compoundUnitExpression) || isIn(parent, TokenType::wordFunction) ||
+      isIn(parent, TokenType::rate)) {
+    return index;
+  }
+  const auto before = list.previous(index, TokenTypeSet::randomWords);
+  if (!list.is(before, TokenType::unitExpression)) return index;
+  const std::optional<TCUnit> left = list[*before].unitValue();
+  const std::optional<TCUnit> right = list[index].unitValue();
+  if (!left || !right || !haveSameBase(*left, *right)) return index;
+  return list.insertAfter(*before, operatorToken(TokenSubType::additionOperator, "+")) + 1;
+}
+
+/// "20 km / 4 hours in mph" → "(20 km / 4 hours) in mph".
+std::size_t bracketDivisionBeforeRateConverter(EditableTokenList& list, std::size_t index, const Token*) {
+  if (list[index].subType != TokenSubType::rateConverter) return index;
+  const auto divisor = list.previous(index);
+  if (!list.is(divisor, TokenType::unitExpression)) return index;
+  const auto division = list.previous(*divisor);
+  if (!isOperation(list, division, TokenSubType::divisionOperator)) return index;
+  const auto dividend = list.previous(*division);
+  if (!list.is(dividend, TokenType::unitExpression)) return index;
+  return list.wrap(*dividend, *divisor);
+}
+
+/// Whether the token is a rate, or a bracket with a rate and nothing else.
+bool isRate(const Token& token) {
+  if (token.is(TokenType::rate)) return true;
+  if (!token.is(TokenType::subexpression) || !token.subtokens) return false;
+  const Token* only = token.subtokens->onlyMeaningfulToken();
+  return only != nullptr && only->is(TokenType::rate);
+}
+
+bool isMultiplied(const EditableTokenList& list, std::size_t index) {
+  return isOperation(list, list.previous(index), TokenSubType::multiplicationOperator);
+}
+
+/// "8 hours * $10 / hour" → "8 hours * ($10 / hour)": the division is a rate in the unit that it is multiplied with.
+std::size_t bracketUnitDivision(EditableTokenList& list, std::size_t index, const Token* parent) {
+  if (isIn(parent, TokenType::wordFunction) || list[index].subType != TokenSubType::divisionOperator) return index;
+  const auto dividend = list.previous(index);
+  const auto divisor = list.next(index);
+  if (!list.is(dividend, TokenType::unitExpression) || !divisor || !isMultiplied(list, *dividend)) return index;
+
+  const auto multiplicand = list.previous(*list.previous(*dividend));
+  if (!list.is(multiplicand, TokenType::unitExpression)) return index;
+  if (isRate(list[*divisor])) return list.wrap(*dividend, *divisor);
+  if (!list.is(divisor, TokenType::unitExpression)) return index;
+  const std::optional<TCUnit> left = list[*multiplicand].unitValue();
+  const std::optional<TCUnit> right = list[*divisor].unitValue();
+  return left && right && haveSameBase(*left, *right) ? list.wrap(*dividend, *divisor) : index;
+}
+
+}  // namespace
+
+void addExplicitConverters(EditableTokenList& list, const TokenListProfile& profile, bool seeksFutureDate) {
+  forEachToken(list, TokenType::subexpression, convertBracketBesideUnit);
+  if (profile.types.contains(TokenType::unit) && profile.types.containsTypesFrom(kBeginConverterChains)) {
+    forEachToken(list, TokenType::unit, convertIntoBareUnit);
+  }
+  if (!seeksFutureDate) return;
+  const Token* last = list->getLastToken(/*ignoringWhitespace=*/true);
+  if (last == nullptr || !last->is(TokenType::unitExpression)) return;
+  const std::optional<TCUnit> unit = last->unitValue();
+  if (!unit || unit->unitType() != UnitType::duration) return;
+  list.edit().append(TokenFactory::converterToDate());
+}
+
+void processCompoundUnits(EditableTokenList& list) {
+  forEachToken(list, TokenType::compoundUnitExpression, addUpCompoundUnit);
+}
+
+void handleOverSpecifiedUnits(EditableTokenList& list) { forEachToken(list, TokenType::unit, removeOverSpecifiedUnit); }
+
+void insertExplicitOperatorsBetweenUnitExpressions(EditableTokenList& list) {
+  forEachToken(list, TokenTypeSet::unitExpressionSet, joinUnitExpressions);
+}
+
+void convertUnitExpressionDivisionToRateBeforeIntoRateConverters(EditableTokenList& list,
+                                                                 const TokenListProfile& profile) {
+  if (!profile.subTypesAnywhere.contains(TokenSubType::rateConverter)) return;
+  forEachToken(list, TokenType::converter, bracketDivisionBeforeRateConverter);
+}
+
+void bracketRatesAndRateDivisionsAfterMultiplication(EditableTokenList& list, const TokenListProfile& profile) {
+  if (!profile.types.contains(TokenType::unitExpression) ||
+      !profile.subTypes.contains(TokenSubType::divisionOperator) ||
+      !profile.subTypes.contains(TokenSubType::multiplicationOperator)) {
+    return;
+  }
+  forEachToken(list, TokenType::operator_, bracketUnitDivision);
+}
+
+}  // namespace tavrine::processing

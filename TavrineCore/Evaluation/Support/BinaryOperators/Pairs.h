@@ -1,0 +1,73 @@
+#pragma once
+
+#include <optional>
+
+#include "TavrineCore/Evaluation/Support/BinaryOperators/BinaryOperandPair.h"
+
+/// The pairs by family; their order stands in TokenAndOperatorPairFactory.cpp. Most convert their operands and hand
+/// over to one of the few that own arithmetic: `decimalPair`, `decimalAndPercentagePair`, `binaryPair`, `booleanPair`.
+namespace tavrine::pairs {
+
+using Answer = std::optional<Token>;
+
+// NumberPairs.cpp
+bool bothCarryNumbers(const PairOperands& operands);
+Answer decimalPair(const PairOperands& operands);
+Answer multipliersPair(const PairOperands& operands);
+Answer decimalAndMultiplierPair(const PairOperands& operands);
+Answer decimalAndFractionPair(const PairOperands& operands);
+
+/// The operation on two plain numbers, as `decimalPair` does it.
+Answer calculated(const Decimal& first, const Decimal& second, const Token& operator_);
+
+// PercentagePairs.cpp
+bool salesTaxIsSecond(const PairOperands& operands);
+Answer percentagesPair(const PairOperands& operands);
+Answer decimalAndPercentagePair(const PairOperands& operands);
+Answer decimalAndSalesTaxPair(const PairOperands& operands);
+
+// BasePairs.cpp
+Answer hexPair(const PairOperands& operands);
+Answer binaryPair(const PairOperands& operands);
+Answer octalPair(const PairOperands& operands);
+Answer decimalAndBinaryPair(const PairOperands& operands);
+Answer decimalAndOctalPair(const PairOperands& operands);
+Answer decimalAndHexPair(const PairOperands& operands);
+Answer differentBasesPair(const PairOperands& operands);
+
+// LogicPairs.cpp
+Answer booleanPair(const PairOperands& operands);
+Answer decimalAndBooleanPair(const PairOperands& operands);
+Answer literalPair(const PairOperands& operands);
+
+// FallbackPairs.cpp
+Answer operatorAndAnythingPair(const PairOperands& operands);
+Answer listAndAnything(const PairOperands& operands);
+Answer nothingAndAnythingPair(const PairOperands& operands);
+Answer errorAndAnything(const PairOperands& operands);
+Answer pendingAndAnything(const PairOperands& operands);
+Answer failedAndAnything(const PairOperands& operands);
+Answer unhandledPair(const PairOperands& operands);
+
+/// The truth of `first op second` for one of the six comparisons; nothing for another operator.
+template <class Value>
+std::optional<bool> comparison(const Value& first, const Value& second, TokenSubType operation) {
+  switch (operation) {
+    case TokenSubType::greaterThan:
+      return second < first;
+    case TokenSubType::greaterThanOrEqualTo:
+      return !(first < second);
+    case TokenSubType::lessThan:
+      return first < second;
+    case TokenSubType::lessThanOrEqualTo:
+      return !(second < first);
+    case TokenSubType::equalTo:
+      return first == second;
+    case TokenSubType::notEqualTo:
+      return !(first == second);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace tavrine::pairs

@@ -1,0 +1,131 @@
+#include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+
+#include <array>
+#include <cstdint>
+#include <utility>
+
+#include "TavrineCore/Evaluation/Support/BinaryOperators/Pairs.h"
+
+namespace tavrine {
+
+namespace {
+
+using enum TokenType;
+constexpr std::nullopt_t anything = std::nullopt;
+
+constexpr auto kPairClasses = std::to_array<BinaryOperandPair>({
+    {"DecimalPair", number, number, pairs::bothCarryNumbers, pairs::decimalPair},
+    {"PercentagesPair", percentage, percentage, nullptr, pairs::percentagesPair},
+    {"UnitExpressionsPair", unitExpression, unitExpression},
+    {"RatesPair", rate, rate},
+    {"DatestampsPair", datestamp, datestamp},
+    {"TimespansPair", timespan, timespan},
+    {"TimestampsPair", unixTimestamp, unixTimestamp},
+    {"MultipliersPair", multiplier, multiplier, nullptr, pairs::multipliersPair},
+    {"LaptimesPair", laptime, laptime},
+    {"FrametimesPair", frametime, frametime},
+    {"BooleanPair", boolean, boolean, nullptr, pairs::booleanPair},
+    {"DMSPair", degreesMinutesSeconds, degreesMinutesSeconds},
+    {"HexPair", hexadecimalNumber, hexadecimalNumber, nullptr, pairs::hexPair},
+    {"BinaryPair", binaryNumber, binaryNumber, nullptr, pairs::binaryPair},
+    {"OctalPair", octalNumber, octalNumber, nullptr, pairs::octalPair},
+    {"LiteralPair", literal, literal, nullptr, pairs::literalPair},
+    {"DecimalAndBinaryPair", number, binaryNumber, nullptr, pairs::decimalAndBinaryPair},
+    {"DecimalAndOctalPair", number, octalNumber, nullptr, pairs::decimalAndOctalPair},
+    {"DecimalAndHexPair", number, hexadecimalNumber, nullptr, pairs::decimalAndHexPair},
+    {"BinaryAndHexPair", binaryNumber, hexadecimalNumber, nullptr, pairs::differentBasesPair},
+    {"BinaryAndOctalPair", binaryNumber, octalNumber, nullptr, pairs::differentBasesPair},
+    {"HexAndOctalPair", octalNumber, hexadecimalNumber, nullptr, pairs::differentBasesPair},
+    {"DecimalAndUnitExpressionPair", number, unitExpression},
+    {"DecimalAndRatePair", number, rate},
+    {"DecimalAndPercentagePair", number, percentage, nullptr, pairs::decimalAndPercentagePair},
+    {"DecimalAndTimestampPair", number, unixTimestamp},
+    {"DecimalAndTimespanPair", number, timespan},
+    {"DecimalAndMultiplierPair", number, multiplier, nullptr, pairs::decimalAndMultiplierPair},
+    {"DecimalAndLaptimePair", number, laptime},
+    {"DecimalAndFrametimePair", number, frametime},
+    {"DecimalAndFractionPair", number, fraction, nullptr, pairs::decimalAndFractionPair},
+    {"DecimalAndSalesTaxPair", number, salesTax, pairs::salesTaxIsSecond, pairs::decimalAndSalesTaxPair},
+    {"DecimalAndBooleanPair", number, boolean, nullptr, pairs::decimalAndBooleanPair},
+    {"UnitExpressionAndRatePair", unitExpression, rate},
+    {"UnitExpressionAndPercentagePair", unitExpression, percentage},
+    {"UnitExpressionAndTimespanPair", unitExpression, timespan},
+    {"UnitExpressionAndLaptimesPair", unitExpression, laptime},
+    {"UnitExpressionAndFrametimesPair", unitExpression, frametime},
+    {"UnitExpressionAndTimestampPair", unitExpression, unixTimestamp},
+    {"UnitExpressionAndSalesTaxPair", unitExpression, salesTax},
+    {"RateAndPercentagePair", rate, percentage},
+    {"RateAndTimespanPair", rate, timespan},
+    {"RateAndDatespanPair", rate, datespan},
+    {"RateAndLaptimePair", rate, laptime},
+    {"FrametimeAndLaptimePair", frametime, laptime},
+    {"TimespanAndTimestampPair", unixTimestamp, timespan},
+    {"TimespanAndLaptimePair", timespan, laptime},
+    {"TimespanAndFrametimePair", timespan, frametime},
+    {"TimespanAndPercentagePair", timespan, percentage},
+    {"DatestampAndTimespanPair", datestamp, timespan},
+    {"DatestampAndLaptimePair", datestamp, laptime},
+    {"DatestampAndFrametimePair", datestamp, frametime},
+    {"DatestampAndUnitExpressionPair", datestamp, unitExpression},
+    {"iso8601Pair", iso8601, iso8601},
+    {"iso8601AndUnitExpressionPair", iso8601, unitExpression},
+    {"iso8601AndTimespanPair", iso8601, timespan},
+    {"DecimalAndUnitPair", number, unit},
+    {"UnitExpressionAndUnitPair", unitExpression, unit},
+    {"RateAndUnitPair", rate, unit},
+    // What takes anything beside it. The order says who wins where two of these meet: a sign left over is resolved
+    // first, nothing gives way to everything, and an error counts more than an answer that is still to come.
+    {"OperatorAndAnythingPair", operator_, anything, nullptr, pairs::operatorAndAnythingPair},
+    {"ListAndAnything", list, anything, nullptr, pairs::listAndAnything},
+    {"NothingAndAnythingPair", unidentified, anything, nullptr, pairs::nothingAndAnythingPair},
+    {"ErrorAndAnything", error, anything, nullptr, pairs::errorAndAnything},
+    {"PendingAndAnything", pending, anything, nullptr, pairs::pendingAndAnything},
+    {"FailedAndAnything", failed, anything, nullptr, pairs::failedAndAnything},
+});
+static_assert(kPairClasses.size() == 65);
+
+constexpr BinaryOperandPair kUnhandledPair{"UnhandledPair", unidentified, anything, nullptr, pairs::unhandledPair};
+
+/// For each two types the first pair that accepts them; `kPairClasses.size()` where none does.
+using Prefilter = std::array<std::array<std::uint8_t, kTokenTypeCount>, kTokenTypeCount>;
+
+Prefilter makePrefilter() {
+  Prefilter table;
+  for (auto& row : table) row.fill(kPairClasses.size());
+  for (std::size_t i = kPairClasses.size(); i-- > 0;) {
+    const BinaryOperandPair& pair = kPairClasses[i];
+    const auto row = static_cast<std::uint8_t>(i);
+    const auto first = static_cast<std::size_t>(pair.first);
+    if (pair.second) {
+      const auto second = static_cast<std::size_t>(*pair.second);
+      table[first][second] = table[second][first] = row;
+      continue;
+    }
+    for (std::size_t other = 0; other < kTokenTypeCount; ++other) table[first][other] = table[other][first] = row;
+  }
+  return table;
+}
+
+}  // namespace
+
+std::span<const BinaryOperandPair> TokenAndOperatorPairFactory::pairClasses() { return kPairClasses; }
+
+const BinaryOperandPair& TokenAndOperatorPairFactory::pairFor(const PairOperands& operands) {
+  static const Prefilter prefilter = makePrefilter();
+  const auto left = static_cast<std::size_t>(operands.firstToken.type);
+  const auto right = static_cast<std::size_t>(operands.secondToken.type);
+  for (std::size_t i = prefilter[left][right]; i < kPairClasses.size(); ++i) {
+    if (kPairClasses[i].accepts(operands)) return kPairClasses[i];
+  }
+  return kUnhandledPair;
+}
+
+Token evaluatedPair(const Token& first, const Token& second, const Token& operator_) {
+  const PairOperands operands{first, second, operator_};
+  const BinaryOperandPair& pair = TokenAndOperatorPairFactory::pairFor(operands);
+  if (pair.evaluate == nullptr) return Token();
+  std::optional<Token> result = pair.evaluate(operands);
+  return result ? std::move(*result) : Token();
+}
+
+}  // namespace tavrine

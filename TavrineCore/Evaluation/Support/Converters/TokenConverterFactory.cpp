@@ -1,0 +1,114 @@
+#include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
+
+#include <array>
+
+#include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+using enum TokenType;
+using Subtype = TokenSubType;
+
+constexpr TokenTypeSet kNumeric{unitExpression, rate,   fraction,     percentage,        boolean,
+                                multiplier,     number, binaryNumber, hexadecimalNumber, octalNumber};
+constexpr TokenTypeSet kIntoNumber = kNumeric | TokenTypeSet{timespan, datestamp};
+constexpr TokenTypeSet kIntoUnit{number, unitExpression, rate,  unixTimestamp, laptime,
+                                 unit,   frametime,      pitch, literal,       degreesMinutesSeconds};
+constexpr TokenTypeSet kCompoundTime{unitExpression, laptime, datestamp, timespan, datespan};
+constexpr TokenTypeSet kMonthsAndLess{unitExpression, laptime, datestamp, timespan};
+constexpr TokenTypeSet kRounding{unitExpression, fraction, number, percentage, rate};
+
+constexpr auto kConverterClasses = std::to_array<TokenConverter>({
+    {"IntoNumberTokenConverter", Subtype::numberConverter, kIntoNumber, conversions::intoNumber},
+    {"IntoFractionTokenConverter",
+     Subtype::fractionConverter,
+     {number, percentage, unitExpression, multiplier},
+     conversions::intoFraction},
+    {"IntoUnitTokenConverter", Subtype::unitConverter, kIntoUnit},
+    {"IntoUnitWithSpecifiedRateTokenConverter", Subtype::unitConverterWithExplicitRate, {unitExpression}},
+    {"IntoScientificNotationTokenConverter",
+     Subtype::scientificNotationConverter,
+     {number},
+     conversions::intoScientificNotation},
+    {"IntoPercentTokenConverter",
+     Subtype::percentageConverter,
+     {number, rate, unitExpression, fraction, multiplier},
+     conversions::intoPercent},
+    {"ApplyingPercentTokenConverter",
+     Subtype::percentageApplier,
+     {number, rate, unitExpression, fraction},
+     conversions::applyingPercent},
+    {"IntoMultiplierTokenConverter",
+     Subtype::multiplierConveter,
+     {number, percentage, fraction, multiplier},
+     conversions::intoMultiplier},
+    {"IntoBinaryTokenConverter", Subtype::binaryConverter, kNumeric, conversions::intoBinary},
+    {"IntoOctalTokenConverter", Subtype::octalConverter, kNumeric, conversions::intoOctal},
+    {"IntoHexTokenConverter", Subtype::hexadecimalConverter, kNumeric, conversions::intoHex},
+    {"IntoRateTokenConverter", Subtype::rateConverter, {rate, unitExpression}},
+    {"IntoFrequencyRateTokenConverter", Subtype::frequencyRateConverter, {rate, unitExpression}},
+    // Shares its subtype with the third row: the operand decides between them.
+    {"TimespanIntoUnitTokenConverter", Subtype::unitConverter, {timespan, datespan}},
+    {"IntoTimespanTokenConverter",
+     Subtype::timespanConverter,
+     {unitExpression, laptime, datestamp, frametime, timespan}},
+    {"IntoYearsAndMonthsTokenConverter", Subtype::yearsAndMonthsConverter, kCompoundTime},
+    {"IntoMonthsAndWeeksTokenConverter", Subtype::monthsAndWeeksConverter, kMonthsAndLess},
+    {"IntoMonthsAndDaysTokenConverter", Subtype::monthsAndDaysConverter, kMonthsAndLess},
+    {"IntoWeeksAndDaysTokenConverter", Subtype::weeksAndDaysConverter, kCompoundTime},
+    {"IntoDaysAndHoursTokenConverter", Subtype::daysAndHoursConverter, kCompoundTime},
+    {"IntoHoursAndMinutesTokenConverter", Subtype::hoursAndMinutesConverter, kCompoundTime},
+    {"IntoLaptimeTokenConverter", Subtype::laptimeConverter, {unitExpression, timespan, laptime, frametime}},
+    {"IntoTimestampTokenConverter",
+     Subtype::timestampConverter,
+     {unitExpression, unixTimestamp, number, datestamp, iso8601}},
+    {"IntoDateTokenConverter", Subtype::dateConverter, {number, unixTimestamp, iso8601, unitExpression, timespan}},
+    {"IntoIso8601TokenConverter", Subtype::iso8601Converter, {datestamp, unixTimestamp}},
+    {"IntoDateFormatTemplateConverter", Subtype::dateFormatTemplateConverter, {datestamp, unixTimestamp}},
+    {"IntoTimezoneTokenConverter", Subtype::timezoneConverter, {datestamp}},
+    {"IntoDpRoundedNumberTokenConverter", Subtype::roundingToDpConverter, kRounding, conversions::intoDpRoundedNumber},
+    {"IntoFeetAndInchesTokenConverter", Subtype::feetAndInchesConverter, {unitExpression}},
+    {"IntoPoundAndOuncesTokenConverter", Subtype::poundsAndOuncesConverter, {unitExpression}},
+    {"IntoMidiTokenConverter", Subtype::midiConverter, {pitch, unitExpression}},
+    {"IntoPitchTokenConverter", Subtype::pitchConverter, {unitExpression, number}},
+    {"IntoDMSTokenConverter", Subtype::dmsConverter, {number, unitExpression}},
+    {"RoundingTokenConverter", Subtype::roundingConverter, kRounding, conversions::rounding},
+    {"RoundingUpTokenConverter", Subtype::roundingUpConverter, kRounding, conversions::roundingUp},
+    {"RoundingDownTokenConverter", Subtype::roundingDownConverter, kRounding, conversions::roundingDown},
+    {"IntoUnitExpressionTokenConverter", Subtype::unitExpressionConverter, kIntoUnit},
+});
+static_assert(kConverterClasses.size() == 37);
+
+const Token* firstOfType(const TokenListRef& tokens, TokenType type) {
+  return tokens ? tokens->firstTokenOfType(type) : nullptr;
+}
+
+}  // namespace
+
+std::span<const TokenConverter> TokenConverterFactory::converterClasses() { return kConverterClasses; }
+
+const TokenConverter* TokenConverterFactory::converterFor(const Token& operand, const Token& converter) {
+  const ConverterOperands operands{operand, converter};
+  for (const TokenConverter& candidate : kConverterClasses) {
+    if (candidate.accepts(operands)) return &candidate;
+  }
+  return nullptr;
+}
+
+std::optional<Token> TokenConverterFactory::converted(const Token& operand, const Token& converter) {
+  const TokenConverter* conversion = converterFor(operand, converter);
+  if (conversion == nullptr || conversion->performConversion == nullptr) return std::nullopt;
+  return conversion->performConversion({operand, converter});
+}
+
+const Token* converterOperandOf(const Token& converter, TokenType type) {
+  if (const Token* operand = firstOfType(converter.subtokens, type)) return operand;
+  if (!converter.subtokens) return nullptr;
+  const Token* last = converter.subtokens->getLastToken(true);
+  return last != nullptr ? firstOfType(last->subtokens, type) : nullptr;
+}
+
+}  // namespace tavrine

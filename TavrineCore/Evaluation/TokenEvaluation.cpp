@@ -1,0 +1,136 @@
+#include "TavrineCore/Evaluation/TokenEvaluation.h"
+
+#include <array>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/Evaluation/DeclarationEvaluation.h"
+#include "TavrineCore/Evaluation/EvaluationNode.h"
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+using TokenEvaluator = Token (*)(const Token&);
+
+Token evaluateSubexpression(const Token& token) { return token.subtokens ? evaluate(*token.subtokens) : Token(); }
+
+std::optional<Token> evaluatedClause(const std::optional<TokenList>& clause) {
+  if (!clause) return std::nullopt;
+  return evaluate(*clause);
+}
+
+Token evaluateConditional(const Token& token) {
+  if (!token.subtokens) return Token();
+  const std::optional<TokenList> condition = token.subtokens->ifClause();
+  const Token* keyword = token.subtokens->firstTokenOfType(TokenType::conditionalKeyword);
+  if (!condition || keyword == nullptr) return Token();
+
+  const Token value = evaluate(*condition);
+  if (!value.is(TokenType::boolean)) return Token();
+  const bool holds = value.subType == TokenSubType::true_;
+
+  if (keyword->subType == TokenSubType::conditionalKeywordIf) {
+    if (holds) return evaluatedClause(token.subtokens->thenClause()).value_or(value);
+    return evaluatedClause(token.subtokens->elseClause()).value_or(TokenFactory::booleanWith(false));
+  }
+  if (keyword->subType == TokenSubType::conditionalKeywordUnless) {
+    if (!holds) return TokenFactory::booleanWith(true);
+    if (std::optional<Token> then = evaluatedClause(token.subtokens->thenClause())) return std::move(*then);
+    return evaluatedClause(token.subtokens->elseClause()).value_or(TokenFactory::booleanWith(false));
+  }
+  return Token();
+}
+
+/// The functions live in files of their own. One that is null can't be called yet, and comes to nothing.
+struct FunctionEvaluators {
+  /// "sqrt(4)": gets the name and the evaluated argument as the two subtokens.
+  std::optional<Token> (*functionExpression)(const Token&) = nullptr;
+  /// A phrase of the host's.
+  Token (*customWordFunction)(const Token&) = nullptr;
+  /// "20% of 50".
+  Token (*builtInWordFunction)(const Token&) = nullptr;
+};
+constexpr FunctionEvaluators kFunctionEvaluators;
+
+Token evaluateFunctionExpression(const Token& token) {
+  if (kFunctionEvaluators.functionExpression == nullptr || !token.subtokens) return Token();
+  const Token* name = token.subtokens->firstTokenOfType(TokenType::functionName);
+  if (name == nullptr) return Token();
+
+  Token call = token;
+  if (const Token* argument = token.subtokens->firstTokenOfType(TokenType::subexpression)) {
+    call.subtokens = TokenList::frozen(std::vector<Token>{*name, argument->evaluated()});
+  }
+  return kFunctionEvaluators.functionExpression(call).value_or(Token());
+}
+
+Token evaluateWordFunction(const Token& token) {
+  const auto evaluator = token.subType == TokenSubType::customWordFunction ? kFunctionEvaluators.customWordFunction
+                                                                           : kFunctionEvaluators.builtInWordFunction;
+  return evaluator != nullptr ? evaluator(token) : Token();
+}
+
+Token evaluateHashtag(const Token& token) {
+  const std::optional<Variable> variable = token.variable();
+  return variable ? TokenFactory::variable(*variable) : Token();
+}
+
+Token evaluateRemoteQuery(const Token&) { return pendingToken(); }
+
+struct TokenEvaluatorRow {
+  TokenType type;
+  /// Null while tokens of the type can't be worked out: they come to nothing.
+  TokenEvaluator evaluate;
+};
+
+constexpr auto kTokenEvaluators = std::to_array<TokenEvaluatorRow>({
+    {TokenType::subexpression, evaluateSubexpression},
+    {TokenType::conditionalExpression, evaluateConditional},
+    {TokenType::functionExpression, evaluateFunctionExpression},
+    {TokenType::wordFunction, evaluateWordFunction},
+    {TokenType::variableDeclaration, evaluateDeclaration},
+    {TokenType::unitDeclaration, evaluateDeclaration},
+    {TokenType::conditionalVariableDeclaration, evaluateConditionalDeclaration},
+    {TokenType::hashtag, evaluateHashtag},
+    {TokenType::remoteQuery, evaluateRemoteQuery},
+});
+
+}  // namespace
+
+Token evaluate(const TokenList& list) {
+  if (const auto tree = EvaluationTree::headNode(list)) return tree->evaluate();
+  const Token* answer = nullptr;
+  for (const Token& token : list) {
+    if (token.is(TokenType::error)) return token;
+  }
+  for (const Token& token : list) {
+    if (!TokenTypeSet::validAnswerProducingTypes.contains(token.type)) continue;
+    if (answer != nullptr) return Token();
+    answer = &token;
+  }
+  return answer != nullptr ? answer->evaluated() : Token();
+}
+
+const Token* pendingOrFailureToken(std::span<const Token> tokens) {
+  for (const Token& token : tokens) {
+    if (token.is(TokenType::pending) || token.is(TokenType::failed)) return &token;
+  }
+  return nullptr;
+}
+
+Token Token::evaluated() const {
+  if (evaluatesToItself(*this)) return *this;
+  for (const TokenEvaluatorRow& row : kTokenEvaluators) {
+    if (row.type == type) return row.evaluate != nullptr ? row.evaluate(*this) : Token();
+  }
+  return *this;
+}
+
+}  // namespace tavrine
