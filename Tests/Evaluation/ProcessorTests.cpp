@@ -1,0 +1,141 @@
+#include <gtest/gtest.h>
+
+#include "EvaluationTestSupport.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/Evaluation/Processors/Preprocessors.h"
+#include "TavrineCore/Evaluation/TokenListEvaluator.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+
+namespace tavrine::testing {
+namespace {
+
+struct Case {
+  std::string_view line;
+  std::string_view want;
+};
+
+TEST(ProcessorTests, Answers) {
+  constexpr Case kCases[] = {
+      // A leading minus gives way to a power.
+      {"-2^2", "-4"},
+      {"(-2)^2", "4"},
+      {"2^-1", "0.5"},
+      {"2 ^ -(1)", "0.5"},
+      {"2 ^ 3 ^ 2", "64"},
+      {"2 ^ 3 ^ 2 * 2", "128"},
+      {"-2 ^ 3 ^ 2", "-64"},
+      {"(2) ^ 3 ^ 2", "64"},
+      {"2 ^ - 1 ^ 2", "0.25"},
+      {"2 ^ 3 ^ -(1)", "0.125"},
+      // Signs in a row, and signs behind operators.
+      {"5 + - + 3", "2"},
+      {"5 - - - - 3", "8"},
+      {"3 -2", "1"},
+      {"3 * -2", "-6"},
+      {"3 * - - 2", "6"},
+      {"3 * -2 ^ 2", "-12"},
+      {"6 / -2", "-3"},
+      {"6 / -(2)", "-3"},
+      {"12 / -2 ^ 2", "-3"},
+      {"5 mod -3", "-1"},
+      {"5k * -1", "-5000"},
+      {"-5k + 1", "-4999"},
+      // Factors without a sign.
+      {"(1+2)(3+4)", "21"},
+      {"2(3)", "6"},
+      {"(3)4", "12"},
+      {"2 (3) (4)", "24"},
+      {"2 pi / pi", "2"},
+      {"pi 2 / pi", "2"},
+      {"10% (50)", "5"},
+      // Mixed numbers and fractions.
+      {"3 1/2", "3.5"},
+      {"2 * 3 1/2", "7"},
+      {"10 - 3 1/2", "6.5"},
+      {"1/2/2", "0.25"},
+      {"3/4 / (100%)", "percentage 0.75"},
+      {"(5)%", "percentage 0.05"},
+      {"(2 + 3) %", "percentage 0.05"},
+      // A stroke with nothing before it, and one behind what can't be divided.
+      {"/ 5", "error SilentError"},
+      {"( / 5", "error BadDivision"},
+      {"5 / 2", "2.5"},
+      {"3 from", "3"},
+      // One answer out of several.
+      {"5", "5"},
+      {"5 and then", "5"},
+      {"5 6 7", "7"},
+      {"", "none"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(describeResult(evaluated(c.line)), c.want) << c.line;
+}
+
+TEST(ProcessorTests, Rewritings) {
+  constexpr Case kCases[] = {
+      {"1 + 2", "1 + 2"},
+      {"3 * -2", "3 * -1 * 2"},
+      {"2 ^ 3 ^ 2 + 1", "(2 ^ 3 ^ 2) + 1"},
+      {"√9", "(none (9))"},
+      {"2√9", "2 * (none (9))"},
+      {"√(9 + 16)(2)", "(none (9 + 16)) * (2)"},
+      {"√ word", "√ none"},
+      {"-5", "- 5"},
+      {"2 ^ -3", "(2 ^ -3)"},
+      {"7 - -20%", "7 + percentage 0.2"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(rewritten(c.line), c.want) << c.line;
+}
+
+// A line that needs no rewriting is evaluated as it was parsed, without a copy; one that does is left alone too.
+TEST(ProcessorTests, TheListStaysAsItIs) {
+  const EngineCustomization customization = EngineCustomization::basic();
+  for (const std::string_view line : {"1 + 2", "(1 + 2) * 3 - 20%", "1 < 2 and 3 > 2", "5 mod 3"}) {
+    const TokenList list = tokensOf(line);
+    EditableTokenList editable(list);
+    preprocess(editable, customization);
+    EXPECT_FALSE(editable.isEdited()) << line;
+  }
+  const TokenList list = tokensOf("3 * -2 ^ 2 (3)");
+  const std::string before = describe(list);
+  (void)TokenListEvaluator(customization).evaluate(list);
+  EXPECT_EQ(describe(list), before);
+}
+
+TEST(ProcessorTests, BitwiseOperatorsCanBeOff) {
+  EngineCustomization customization = EngineCustomization::basic();
+  customization.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.bitwiseOperators = false; });
+  EXPECT_EQ(describeResult(TokenListEvaluator(customization).evaluate(tokensOf("12 & 10"))), "10");
+}
+
+TEST(ProcessorTests, WithoutTheFlagALoneNumberIsNoAnswer) {
+  EngineCustomization customization = EngineCustomization::basic();
+  customization.changeFeatureFlags(
+      [](EngineFeatureFlags& flags) { flags.inAmbiguityPreferSomethingToNothing = false; });
+  EXPECT_EQ(describeResult(TokenListEvaluator(customization).evaluate(tokensOf("5"))), "none");
+  EXPECT_EQ(describeResult(TokenListEvaluator(customization).evaluate(tokensOf("5 + 1"))), "6");
+}
+
+TEST(ProcessorTests, Variables) {
+  const auto variableOf = [](const EvaluationResult& definition) {
+    Variable variable("x", std::nullopt, Variable::VariableType::local);
+    variable.definition = std::make_shared<const EvaluationResult>(definition);
+    return TokenFactory::variable(variable);
+  };
+  const auto evaluatedWith = [](std::string_view before, const Token& variable, std::string_view after) {
+    TokenList list = tokensOf(before);
+    list.append(variable);
+    for (const Token& token : tokensOf(after)) list.append(token);
+    return describeResult(TokenListEvaluator(EngineCustomization::basic()).evaluate(list));
+  };
+  const Token minusTwo = variableOf(EvaluationResult::decimal(Decimal(-2)));
+  EXPECT_EQ(evaluatedWith("", minusTwo, " ^ 2"), "4");
+  EXPECT_EQ(evaluatedWith("12 / 3", minusTwo, ""), "-2");
+  EXPECT_EQ(evaluatedWith("3 - ", minusTwo, ""), "5");
+  EXPECT_EQ(evaluatedWith("", minusTwo, " 5"), "-10");
+  // An error doesn't take the line with it.
+  EXPECT_EQ(evaluatedWith("3 + ", variableOf(EvaluationResult::error(EvaluationError::DivideByZero)), ""), "3");
+}
+
+}  // namespace
+}  // namespace tavrine::testing
