@@ -25,7 +25,12 @@ using Case = EvaluationResultCase;
 
 Decimal dec(std::string_view text) { return *Decimal::parse(text); }
 
-TCUnit unit() { return TCUnit::counted({.identifier = UnitIdentifier::meters, .symbol = "m"}); }
+TCUnit unit() {
+  TCUnit::Record record;
+  record.identifier = UnitIdentifier::meters;
+  record.symbol = "m";
+  return TCUnit::counted(std::move(record));
+}
 
 TEST(EvaluationResultTests, EqualityAndHashGoByCaseAndPayload) {
   EXPECT_EQ(Result::decimal(12), Result::decimal(dec("12.0")));
@@ -75,7 +80,9 @@ TEST(EvaluationResultTests, NumbersAndTexts) {
   for (const auto& row : rows) {
     const std::optional<Decimal> number = row.result.decimalValue();
     EXPECT_EQ(number.has_value(), row.number.has_value()) << toString(row.result.kind());
-    if (number && row.number) EXPECT_EQ(number->description(), *row.number) << toString(row.result.kind());
+    if (number && row.number) {
+      EXPECT_EQ(number->description(), *row.number) << toString(row.result.kind());
+    }
     EXPECT_EQ(row.result.stringValue(), row.text) << toString(row.result.kind());
   }
 }

@@ -38,7 +38,7 @@ TEST(TreeTests, NestsByPrecedence) {
       // Signs before signs.
       {"3 - - 2", "(3 + 2)"},
       {"3 + - 2", "(3 - 2)"},
-      {"3 - - - - 2", "(3 - 2)"},
+      {"3 - - - 2", "(3 - 2)"},
       {"- 5", "(- 5)"},
   };
   for (const Case& c : kCases) {
