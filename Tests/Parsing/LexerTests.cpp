@@ -1,0 +1,256 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "Foundation/Text.h"
+#include "TavrineCore/Parsing/Lexing/CharacterClassifier.h"
+#include "TavrineCore/Parsing/Lexing/LetterNumberScanner.h"
+#include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "TavrineCore/Parsing/Lexing/StringLexing.h"
+
+namespace tavrine {
+namespace {
+
+char initialOf(LexemeType type) {
+  switch (type) {
+    case LexemeType::whitespace:
+      return '_';
+    case LexemeType::number:
+      return 'n';
+    case LexemeType::symbol:
+      return 's';
+    case LexemeType::word:
+      return 'w';
+    case LexemeType::wordNumberCluster:
+      return 'c';
+    case LexemeType::other:
+      return 'o';
+  }
+  return '?';
+}
+
+/// "n:1|_: |s:+".
+std::string dump(std::string_view line, Lexer::Script script = Lexer::Script::alphabetic) {
+  std::string result;
+  for (const Lexeme& lexeme : Lexer::lexemesFor(line, script)) {
+    if (!result.empty()) result += '|';
+    result += initialOf(lexeme.type);
+    result += ':';
+    result += lexeme.string;
+  }
+  return result;
+}
+
+struct Case {
+  std::string_view line;
+  std::string_view want;
+};
+
+TEST(LexerTests, cutsLines) {
+  constexpr Case kCases[] = {
+      {"", ""},
+      {"1 + 2", "n:1|_: |s:+|_: |n:2"},
+      {"\t \r\n", "_:\t \r\n"},
+      // A separator belongs to a number only between its digits.
+      {"1,000.5", "n:1,000.5"},
+      {"1,000,", "n:1,000|s:,"},
+      {"1_000", "n:1_000"},
+      {"1.", "n:1|s:."},
+      {"1..5", "n:1|n:..5"},
+      {".5", "n:.5"},
+      {".", "s:."},
+      {", 5", "s:,|_: |n:5"},
+      {"1'000", "n:1'000"},
+      {"1'", "o:1|o:'"},
+      {"5½", "n:5½"},
+      // Words, and clusters that end in a digit.
+      {"x2", "c:x2"},
+      {"2x", "n:2|w:x"},
+      {"abc1", "c:abc1"},
+      {"a1b", "w:a1b"},
+      {"a.b", "w:a.b"},
+      {"a.", "w:a|s:."},
+      {"a.1", "w:a|n:.1"},
+      {"a1.5", "c:a1.5"},
+      {"a,1", "w:a|n:,1"},
+      {"it's", "w:it's"},
+      {"it'", "w:it'"},
+      {"it\u2019s", "w:it\u2019s"},
+      {"_a", "w:_a"},
+      {"#tag", "w:#tag"},
+      {"a#", "o:a|o:#"},
+      {"a'1", "o:a|o:'|n:1"},
+      // Symbols come one by one.
+      {"==", "s:=|s:="},
+      {"$5", "s:$|n:5"},
+      {"5°C", "n:5|s:°|w:C"},
+      {"5º", "n:5|s:º"},
+      {"a\\b", "w:a|s:\\|w:b"},
+      {"\x01", "o:\x01"},
+      // References to lines stand alone, so do emoji, with all they are made of.
+      {"\uE000+1", "o:\uE000|s:+|n:1"},
+      {"\u2460", "o:\u2460"},
+      {"5👨‍👩‍👧kg", "n:5|s:👨‍👩‍👧|w:kg"},
+      {"e\u0301t\u0301 1", "w:e\u0301t\u0301|_: |n:1"},
+      // A dot with a mark is no decimal point.
+      {"1.\u0301"
+       "5",
+       "n:1|s:.\u0301|n:5"},
+      {"長さ", "w:長さ"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(dump(c.line), c.want) << c.line;
+}
+
+TEST(LexerTests, cutsChineseCharacterByCharacter) {
+  constexpr Case kCases[] = {
+      {"長度5米", "o:長|o:度|n:5|o:米"},
+      {"x2", "c:x2"},
+      // Clusters begin with an ASCII character there.
+      {"é2", "o:é|n:2"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(dump(c.line, Lexer::Script::chinese), c.want) << c.line;
+  EXPECT_EQ(Lexer::lexemesFor("長度", Locale("zh_Hans")).size(), 2u);
+  EXPECT_EQ(Lexer::lexemesFor("長度", Locale("ja")).size(), 1u);
+}
+
+TEST(LexerTests, countsRangesInUtf16) {
+  constexpr std::string_view kLine = "é 😀1";
+  const auto lexemes = Lexer::lexemesFor(kLine, Lexer::Script::alphabetic);
+  ASSERT_EQ(lexemes.size(), 4u);
+  EXPECT_EQ(lexemes[0].range, (NSRange{0, 1}));
+  EXPECT_EQ(lexemes[1].range, (NSRange{1, 1}));
+  EXPECT_EQ(lexemes[2].range, (NSRange{2, 2}));
+  EXPECT_EQ(lexemes[3].range, (NSRange{4, 1}));
+  EXPECT_EQ(lexemes[3].byteOffset, 7u);
+}
+
+/// Random texts of the characters that the rules are about: the lexemes tile the text, and the fast way for ASCII gives
+/// what the general way gives, which a non-ASCII character at the far end brings about.
+TEST(LexerTests, tilesAndAgreesWithItself) {
+  constexpr std::string_view kPieces[] = {"a", "1", ".", ",", "'", "_", "#", " ", "+", "b", "2", "\x01"};
+  std::uint32_t state = 1;
+  for (int round = 0; round < 5'000; ++round) {
+    std::string line;
+    for (int i = 0; i < 12; ++i) {
+      state = state * 1664525u + 1013904223u;
+      line += kPieces[(state >> 16) % std::size(kPieces)];
+    }
+    const auto lexemes = Lexer::lexemesFor(line, Lexer::Script::alphabetic);
+    std::string rebuilt;
+    for (const Lexeme& lexeme : lexemes) {
+      ASSERT_EQ(lexeme.byteOffset, rebuilt.size()) << line;
+      ASSERT_FALSE(lexeme.string.empty()) << line;
+      rebuilt += lexeme.string;
+    }
+    ASSERT_EQ(rebuilt, line);
+    ASSERT_EQ(dump(line + "+€"), dump(line + "+") + "|s:€") << line;
+  }
+}
+
+/// Each of these fails to be the lexeme that it looks like only at its very end.
+TEST(LexerTests, isLinearOnRunsThatFailAtTheirEnd) {
+  const auto secondsFor = [](std::string_view unit, std::string_view end, std::size_t count) {
+    std::string line;
+    for (std::size_t i = 0; i < count; ++i) line += unit;
+    line += end;
+    const auto start = std::chrono::steady_clock::now();
+    const auto lexemes = Lexer::lexemesFor(line, Lexer::Script::alphabetic);
+    EXPECT_FALSE(lexemes.empty());
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  };
+  for (const auto& [unit, end] : {std::pair{"a'", "1"}, {"1'", "'"}, {"a#", "#"}, {"é'", "1"}, {"a1", "#"}}) {
+    // A square would take minutes.
+    EXPECT_LT(secondsFor(unit, end, 100'000), 5.0) << unit;
+  }
+}
+
+TEST(CharacterClassifierTests, classifies) {
+  struct Row {
+    std::string_view character;
+    CharacterType want;
+  };
+  constexpr Row kRows[] = {
+      {"\u00A0", CharacterType::whitespace},
+      {"\u202F", CharacterType::whitespace},
+      {"\u200B", CharacterType::other},
+      {"²", CharacterType::number},
+      {"٣", CharacterType::number},
+      {"Ⅳ", CharacterType::number},
+      {"五", CharacterType::number},
+      {"米", CharacterType::letter},
+      {"ª", CharacterType::letter},
+      {"º", CharacterType::symbol},
+      {"°", CharacterType::symbol},
+      {"µ", CharacterType::letter},
+      {"π", CharacterType::letter},
+      {"€", CharacterType::symbol},
+      {"–", CharacterType::symbol},
+      {"¿", CharacterType::symbol},
+      {"’", CharacterType::apostrophe},
+      {"'", CharacterType::apostrophe},
+      {"\uE000", CharacterType::internalReference},
+      {"\uF800", CharacterType::internalReference},
+      {"\uF801", CharacterType::other},
+      {"㉑", CharacterType::internalReference},
+      {"①", CharacterType::internalReference},
+      {"\u0301", CharacterType::other},
+      {"#\uFE0F\u20E3", CharacterType::symbol},
+      {"", CharacterType::other},
+  };
+  for (const Row& row : kRows) EXPECT_EQ(CharacterClassifier::determineType(row.character), row.want) << row.character;
+  EXPECT_EQ(CharacterClassifier::determineType("米", true), CharacterType::hanzi);
+  EXPECT_EQ(CharacterClassifier::determineType("五", true), CharacterType::hanzi);
+  EXPECT_EQ(CharacterClassifier::determineType("①", true), CharacterType::internalReference);
+  EXPECT_FALSE(CharacterClassifier::isHanzi("a"));
+  EXPECT_TRUE(CharacterClassifier::isHanzi("\U00020000"));
+}
+
+/// The table must say what the properties say.
+TEST(CharacterClassifierTests, agreesWithThePropertiesInLatin1) {
+  for (char32_t scalar = 0; scalar < 0x100; ++scalar) {
+    const CharacterType type = CharacterClassifier::determineType(stringFromScalar(scalar));
+    const bool isDegree = scalar == 0xBA || scalar == 0xB0;
+    EXPECT_EQ(type == CharacterType::whitespace, isWhitespace(scalar)) << static_cast<unsigned>(scalar);
+    EXPECT_EQ(type == CharacterType::number, hasNumericType(scalar)) << static_cast<unsigned>(scalar);
+    EXPECT_EQ(type == CharacterType::letter, isAlphabetic(scalar) && !isDegree) << static_cast<unsigned>(scalar);
+    EXPECT_EQ(type == CharacterType::other, !isWhitespace(scalar) && !hasNumericType(scalar) && !isAlphabetic(scalar) &&
+                                                !isSymbol(scalar) && !isPunctuation(scalar))
+        << static_cast<unsigned>(scalar);
+  }
+}
+
+TEST(LetterNumberScannerTests, cutsClusters) {
+  using Type = LetterNumberScanner::LetterNumberTokenType;
+  using Tokens = std::vector<LetterNumberScanner::LetterNumberToken>;
+  EXPECT_EQ(LetterNumberScanner::scanString("5ft½é2"), (Tokens{{Type::number, "5", {0, 1}},
+                                                               {Type::letter, "ft", {1, 2}},
+                                                               {Type::number, "½", {3, 1}},
+                                                               {Type::letter, "é", {4, 1}},
+                                                               {Type::number, "2", {5, 1}}}));
+  // One foreign character and nothing is left, whatever stood before it.
+  EXPECT_TRUE(LetterNumberScanner::scanString("5ft.3").empty());
+  EXPECT_TRUE(LetterNumberScanner::scanString("").empty());
+}
+
+TEST(StringLexingTests, answersAboutWords) {
+  EXPECT_EQ(firstWord("square meters"), "square");
+  EXPECT_EQ(firstWord("square"), std::nullopt);
+  EXPECT_EQ(words("a  b.").size(), 3u);
+  EXPECT_EQ(wordsIncludingWhitespace("a  b.").size(), 4u);
+  struct Row {
+    std::string_view text;
+    bool isPhrase;
+  };
+  for (const Row& row :
+       {Row{"", false}, {"meters", false}, {"Meters", false}, {"square meters", true}, {"m2.", true}}) {
+    EXPECT_EQ(isPhrase(row.text), row.isPhrase) << row.text;
+    EXPECT_EQ(isSingleWord(row.text), !row.isPhrase) << row.text;
+  }
+}
+
+}  // namespace
+}  // namespace tavrine
