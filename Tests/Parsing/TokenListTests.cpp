@@ -11,7 +11,7 @@
 #include "Foundation/Text.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
-#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenTypeCache.h"
 #include "Tests/Parsing/TokenPrinting.h"
 
 namespace tavrine {
@@ -135,6 +135,20 @@ TEST(TokenListTests, remembersTypes) {
   EXPECT_TRUE(nested.typePrecheck(TokenType::bracket));
   EXPECT_FALSE(nested.typePrecheck(TokenType::unit));
   EXPECT_TRUE(nested.typesEverPresentAtAnyDepth().contains(TokenType::unit));
+}
+
+TEST(TokenListTests, summarisesWhatIsThere) {
+  TokenList list = lineOf("f(1+(2))+C");
+  list.wrapBracketsInSubexpressions();
+  list.append(lineOf("3U").completeSlice().embedInContainerToken(TokenType::rate));
+  const TokenTypeCache cache(list);
+  EXPECT_EQ(cache.countOf(TokenType::number), 2u);  // the rate keeps its own to itself
+  EXPECT_EQ(cache.countOf(TokenType::bracket), 4u);
+  EXPECT_TRUE(cache.tokenTypeCache.contains(TokenType::rate));
+  EXPECT_FALSE(cache.tokenTypeCache.contains(TokenType::unit));
+  EXPECT_TRUE(cache.tokenSubtypeCache.contains(TokenSubType::openBracket));
+  EXPECT_FALSE(cache.tokenSubtypeCache.contains(TokenSubType::notSpecified));
+  EXPECT_EQ(cache.functionNames, StringSet{"f"});
 }
 
 // --- Looking up -----------------------------------------------------------------------------------------------------
