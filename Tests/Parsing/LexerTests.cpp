@@ -151,6 +151,9 @@ TEST(LexerTests, tilesAndAgreesWithItself) {
   }
 }
 
+/// Bytes that are no UTF-8 read as U+FFFD, a symbol, whatever they would be in Latin-1.
+TEST(LexerTests, takesBrokenBytes) { EXPECT_EQ(dump("a\xE9 1\xB2"), "w:a|s:\xE9|_: |n:1|s:\xB2"); }
+
 /// Each of these fails to be the lexeme that it looks like only at its very end.
 TEST(LexerTests, isLinearOnRunsThatFailAtTheirEnd) {
   const auto secondsFor = [](std::string_view unit, std::string_view end, std::size_t count) {

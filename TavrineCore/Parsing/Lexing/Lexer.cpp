@@ -43,7 +43,7 @@ class ClusteredCharacters {
     characters_.reserve(text.size() + 1);
     std::size_t utf16Offset = 0;
     forEachCluster(text, [&](std::string_view cluster, std::size_t byteOffset) {
-      const bool isPlain = cluster.size() == 1;
+      const bool isPlain = cluster.size() == 1 && static_cast<unsigned char>(cluster.front()) < 0x80;
       const CharacterType type = isPlain ? CharacterClassifier::asciiType(cluster.front())
                                          : CharacterClassifier::determineType(cluster, includeHanzi);
       characters_.push_back({byteOffset, utf16Offset, type, isPlain || cluster == "\r\n"});
