@@ -224,11 +224,6 @@ Token signedOperand(const Token& signToken, const Token& operand) {
   return evaluatedPair(operand, factor, operatorToken(TokenSubType::multiplicationOperator, "*"));
 }
 
-Token logicalNot(const Token& operand) {
-  if (operand.is(TokenType::boolean)) return TokenFactory::booleanWith(operand.subType == TokenSubType::false_);
-  return TokenFactory::booleanWith(operand.decimalValue().isZero());
-}
-
 /// The complement in 64 bits without sign: ~0 has 64 ones.
 Token bitwiseNot(const Token& operand) {
   const std::optional<Token> complement = tokenInBase(operand.type, ~unsignedWhole(operand.decimalValue()));
@@ -241,7 +236,7 @@ Token prefixed(const Token& operation, const Token& operand) {
     case TokenSubType::additionOperator:
       return signedOperand(operation, operand);
     case TokenSubType::logicalNotOperator:
-      return logicalNot(operand);
+      return TokenFactory::booleanWith(!isTrue(operand));
     case TokenSubType::bitwiseNotOperator:
       return isInBase(operand) ? bitwiseNot(operand) : Token();
     default:

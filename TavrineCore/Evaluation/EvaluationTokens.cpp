@@ -14,6 +14,12 @@ Token operatorToken(TokenSubType subtype, std::string_view text) {
   return Token(TokenType::operator_, subtype, std::string(text), NSRange::zero);
 }
 
+bool isTrue(const Token& token) {
+  if (token.is(TokenType::boolean)) return token.subType == TokenSubType::true_;
+  if (const std::optional<Decimal> value = token.ownDecimalValue()) return !value->isZero();
+  return token.hasDecimalValue() && !token.decimalValue().isZero();
+}
+
 bool isInBase(const Token& token) {
   return token.is(TokenType::binaryNumber) || token.is(TokenType::octalNumber) ||
          token.is(TokenType::hexadecimalNumber);

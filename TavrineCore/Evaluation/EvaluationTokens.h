@@ -25,6 +25,9 @@ namespace tavrine {
 /// Whether this is the blank token, or one of its kind.
 [[nodiscard]] inline bool isBlank(const Token& token) { return token.is(TokenType::unidentified); }
 
+/// Whether the token counts as true: a boolean by itself, anything else by being worth a number other than 0.
+[[nodiscard]] bool isTrue(const Token& token);
+
 /// Whether the token is a number with a base of its own: binary, octal or hexadecimal.
 [[nodiscard]] bool isInBase(const Token& token);
 

@@ -26,8 +26,6 @@ Token AmbiguousAnswerDeterminer::finalValue() const {
   for (const Token& token : tokenList_) {
     const Rank rank = rankOf(token);
     if (rank == Rank::none || rank < bestRank) continue;
-    // Of several errors the first speaks for the line, of several values the last.
-    if (rank == Rank::error && bestRank == Rank::error) continue;
     best = &token;
     bestRank = rank;
   }

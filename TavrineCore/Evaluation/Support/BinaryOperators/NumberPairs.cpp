@@ -29,10 +29,6 @@ Answer bitwise(const Decimal& first, const Decimal& second, const Token& operato
   return number(result->decimalValue());
 }
 
-bool isTrue(const Token& token) {
-  return token.is(TokenType::boolean) ? token.subType == TokenSubType::true_ : !token.decimalValue().isZero();
-}
-
 Answer logical(const PairOperands& operands) {
   const Token first = TokenFactory::booleanWith(isTrue(operands.firstToken));
   const Token second = TokenFactory::booleanWith(isTrue(operands.secondToken));

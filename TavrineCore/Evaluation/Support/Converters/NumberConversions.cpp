@@ -1,18 +1,30 @@
 #include <optional>
 
-#include "Foundation/Calendar.h"
 #include "Foundation/DateComponents.h"
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
-#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
-#include "TavrineCore/Parsing/Tokens/NumberMetadata.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 
 namespace tavrine::conversions {
 
 namespace {
+
+/// "3 weeks" is 3; nothing where the span has several components or none.
+Token numberOfTimespan(const Token& token) {
+  const std::optional<DateComponents> parts = token.dateComponentsValue();
+  if (!parts) return Token();
+  std::optional<std::int64_t> only;
+  for (const auto& amount : {parts->year, parts->month, parts->weekOfYear, parts->day, parts->weekday, parts->hour,
+                             parts->minute, parts->second, parts->nanosecond}) {
+    if (!amount) continue;
+    if (only) return Token();
+    only = amount;
+  }
+  return only ? TokenFactory::numberWith(Decimal(*only)) : Token();
+}
 
 Token inBase(const ConverterOperands& operands, TokenType base) {
   return *tokenInBase(base, unsignedWhole(operands.operand.decimalValue()));
@@ -21,6 +33,9 @@ Token inBase(const ConverterOperands& operands, TokenType base) {
 }  // namespace
 
 Token intoNumber(const ConverterOperands& operands) {
+  // A date is worth no number by itself.
+  if (operands.operand.is(TokenType::datestamp)) return Token();
+  if (operands.operand.is(TokenType::timespan)) return numberOfTimespan(operands.operand);
   return TokenFactory::numberWith(operands.operand.decimalValue());
 }
 
