@@ -15,7 +15,12 @@ if(TAVRINE_SANITIZERS)
   add_compile_options(-fsanitize=${TAVRINE_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${TAVRINE_SANITIZERS})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    add_compile_options(-fsanitize-ignorelist=${CMAKE_CURRENT_LIST_DIR}/sanitizer-ignore.txt)
+    # Neither ninja nor ccache looks into the list: a name that changes with its content makes them compile anew.
+    set(ignored ${CMAKE_CURRENT_LIST_DIR}/sanitizer-ignore.txt)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${ignored})
+    file(SHA1 ${ignored} ignoredHash)
+    configure_file(${ignored} ${CMAKE_CURRENT_BINARY_DIR}/sanitizer-ignore-${ignoredHash}.txt COPYONLY)
+    add_compile_options(-fsanitize-ignorelist=${CMAKE_CURRENT_BINARY_DIR}/sanitizer-ignore-${ignoredHash}.txt)
   endif()
 endif()
 
