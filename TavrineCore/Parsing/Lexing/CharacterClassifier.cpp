@@ -16,18 +16,6 @@ constexpr bool isInternalReference(char32_t scalar) {
          (scalar >= 0x3251 && scalar <= 0x325F) || (scalar >= 0x32B1 && scalar <= 0x32BF);
 }
 
-constexpr CharacterType typeOfAscii(unsigned char c) {
-  if (c == ' ' || (c >= '\t' && c <= '\r')) return CharacterType::whitespace;
-  if (c >= '0' && c <= '9') return CharacterType::number;
-  if ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z')) return CharacterType::letter;
-  if (c == '.') return CharacterType::dot;
-  if (c == ',') return CharacterType::comma;
-  if (c == '\'') return CharacterType::apostrophe;
-  if (c == '#') return CharacterType::hash;
-  if (c == '_') return CharacterType::underscore;
-  return c > ' ' && c < 0x7F ? CharacterType::symbol : CharacterType::other;
-}
-
 /// U+0080 ... U+00FF. The degree sign and its look-alike, the ordinal mark º, are symbols both, so that "5º" reads as
 /// degrees.
 constexpr CharacterType typeOfLatin1(char32_t scalar) {
@@ -60,7 +48,7 @@ constexpr CharacterType typeOfLatin1(char32_t scalar) {
 constexpr auto kTable = [] {
   std::array<CharacterType, 256> table{};
   for (std::size_t i = 0; i < table.size(); ++i) {
-    table[i] = i < 0x80 ? typeOfAscii(static_cast<unsigned char>(i)) : typeOfLatin1(static_cast<char32_t>(i));
+    table[i] = i < 0x80 ? asciiCharacterTypes[i] : typeOfLatin1(static_cast<char32_t>(i));
   }
   return table;
 }();
@@ -96,10 +84,6 @@ CharacterType withMarks(CharacterType bare) {
 }
 
 }  // namespace
-
-CharacterType CharacterClassifier::asciiType(char character) noexcept {
-  return kTable[static_cast<unsigned char>(character)];
-}
 
 CharacterType CharacterClassifier::determineType(std::string_view character, bool includeHanzi) {
   if (character.empty()) return CharacterType::other;

@@ -74,6 +74,9 @@ constexpr CharacterTypeSet kBodies[] = {justWhitespace, numberBody, nothing, wor
 /// Empty where any character may come last.
 constexpr CharacterTypeSet kTails[] = {nothing, numberTail, nothing, wordTail, justNumber, nothing};
 
+constexpr CharacterTypeSet kNumberJoiners{CharacterType::dot, CharacterType::comma, CharacterType::underscore};
+constexpr CharacterTypeSet kClusterJoiners{CharacterType::dot, CharacterType::comma};
+
 template <class Characters>
 class Scanner {
  public:
@@ -82,7 +85,7 @@ class Scanner {
 
   std::vector<Lexeme> lexemes() {
     std::vector<Lexeme> result;
-    result.reserve(std::min<std::size_t>(characters_.count() / 2 + 2, 64));
+    result.reserve(std::min<std::size_t>(characters_.count() / 2 + 2, 65'536));
     for (std::size_t start = 0; start < characters_.count();) {
       LexemeType type = LexemeType::whitespace;
       const std::size_t end = endOfLexeme(start, type);
@@ -95,51 +98,47 @@ class Scanner {
  private:
   /// Tries the kinds of lexeme in their order.
   std::size_t endOfLexeme(std::size_t start, LexemeType& type) {
-    for (const LexemeType candidate : {LexemeType::whitespace, LexemeType::number, LexemeType::symbol, LexemeType::word,
-                                       LexemeType::wordNumberCluster}) {
-      if (!kHeads[index(candidate)].contains(characters_.type(start))) continue;
-      if (const std::size_t end = scan(start, candidate); end != start) {
-        type = candidate;
-        return end;
-      }
-    }
+    const CharacterType head = characters_.type(start);
+    const bool isFound = begins<LexemeType::whitespace>(start, head, type) ||
+                         begins<LexemeType::number>(start, head, type) ||
+                         begins<LexemeType::symbol>(start, head, type) || begins<LexemeType::word>(start, head, type) ||
+                         begins<LexemeType::wordNumberCluster>(start, head, type);
+    if (isFound) return end_;
     type = LexemeType::other;
     return start + 1;
   }
 
-  /// The end of the lexeme of that type; `start` when there is none.
-  std::size_t scan(std::size_t start, LexemeType type) {
-    if (type == LexemeType::wordNumberCluster && isChinese_ && !characters_.isAscii(start)) return start;
+  /// Whether a lexeme of that type begins at `start`; it ends at `end_`.
+  template <LexemeType candidate>
+  bool begins(std::size_t start, CharacterType head, LexemeType& type) {
+    if (!kHeads[index(candidate)].contains(head)) return false;
+    if (candidate == LexemeType::wordNumberCluster && isChinese_ && !characters_.isAscii(start)) return false;
     // Where a run ends doesn't depend on where in it the scan began. So a run that fails for its last character fails
     // from each of its characters, and is not walked again: "a'a'a'a … 1" would cost the square of its length.
-    std::size_t& failedEnd = failedEnds_[index(type)];
-    if (start < failedEnd) return start;
-    std::size_t end = start + 1;
-    while (end < characters_.count() && continues(end, type)) ++end;
-    const CharacterTypeSet tail = kTails[index(type)];
-    if (tail.isEmpty() || tail.contains(characters_.type(end - 1))) return end;
-    failedEnd = end;
-    return start;
+    std::size_t& failedEnd = failedEnds_[index(candidate)];
+    if (start < failedEnd) return false;
+    end_ = start + 1;
+    while (end_ < characters_.count() && continues<candidate>(end_)) ++end_;
+    constexpr CharacterTypeSet kTail = kTails[index(candidate)];
+    if (!kTail.isEmpty() && !kTail.contains(characters_.type(end_ - 1))) {
+      failedEnd = end_;
+      return false;
+    }
+    type = candidate;
+    return true;
   }
 
-  bool continues(std::size_t at, LexemeType type) const {
+  template <LexemeType type>
+  bool continues(std::size_t at) const {
     const CharacterType character = characters_.type(at);
     if (!kBodies[index(type)].contains(character)) return false;
-    switch (type) {
-      case LexemeType::number:
-        return (character != CharacterType::dot && character != CharacterType::comma &&
-                character != CharacterType::underscore) ||
-               isFollowedBy(at, CharacterType::number);
-      case LexemeType::wordNumberCluster:
-        return (character != CharacterType::dot && character != CharacterType::comma) ||
-               isFollowedBy(at, CharacterType::number);
-      case LexemeType::word:
-        return character != CharacterType::dot || isFollowedBy(at, CharacterType::letter);
-      case LexemeType::whitespace:
-      case LexemeType::symbol:
-      case LexemeType::other:
-        return true;
+    // What joins two parts is taken only with the second part.
+    if (type == LexemeType::number && kNumberJoiners.contains(character))
+      return isFollowedBy(at, CharacterType::number);
+    if (type == LexemeType::wordNumberCluster && kClusterJoiners.contains(character)) {
+      return isFollowedBy(at, CharacterType::number);
     }
+    if (type == LexemeType::word && character == CharacterType::dot) return isFollowedBy(at, CharacterType::letter);
     return true;
   }
 
@@ -164,6 +163,7 @@ class Scanner {
   std::string_view text_;
   const Characters& characters_;
   bool isChinese_;
+  std::size_t end_ = 0;
   /// By type: no scan that starts before this place can succeed.
   std::array<std::size_t, 6> failedEnds_{};
 };
