@@ -1,0 +1,114 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "TavrineCore/Calculator.h"
+#include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "Tests/Support/World.h"
+
+namespace tavrine {
+namespace {
+
+using VariableType = Variable::VariableType;
+
+class CalculatorTest : public ::testing::Test {
+ protected:
+  static EngineCustomization declaring() {
+    EngineCustomization result = EngineCustomization::standardWith(Locale("en_US"));
+    result.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.variableDeclarations = true; });
+    return result;
+  }
+
+  static std::shared_ptr<VariableList> variables(std::string name, std::string value) {
+    auto list = std::make_shared<VariableList>();
+    list->setVariable(Variable(std::move(name), std::move(value), VariableType::global));
+    return list;
+  }
+
+  foundation::ScopedEnvironment world_{testing::worldAt("2026-06-10T09:30:00Z", "UTC", "en_US")};
+};
+
+TEST_F(CalculatorTest, TheAnswerKeepsTheLine) {
+  Calculator calculator(EngineCustomization::standard());
+  const CalculationResult result = calculator.calculate("1 + 2");
+  EXPECT_EQ(result.stringValue, "3");
+  EXPECT_EQ(result.evaluationResult, EvaluationResult::decimal(Decimal(3)));
+  ASSERT_NE(result.parsedExpression, nullptr);
+  EXPECT_EQ(result.parsedExpression->rebuiltExpression(), "1 + 2");
+  EXPECT_FALSE(result.isEmptyResult());
+}
+
+TEST_F(CalculatorTest, WordsAndErrorsAreEmptyOrNot) {
+  Calculator calculator(EngineCustomization::standard());
+  EXPECT_TRUE(calculator.calculate("").isEmptyResult());
+  EXPECT_TRUE(calculator.calculate("hello world").isEmptyResult());
+  EXPECT_TRUE(calculator.calculate("+").isEmptyResult());
+  EXPECT_FALSE(calculator.calculate("1 / 0").isEmptyResult());
+}
+
+TEST_F(CalculatorTest, PreferencesShapeTheTextAndOnRequestTheValue) {
+  Calculator calculator(EngineCustomization::standard());
+  calculator.formattingPreferences.emplace().dp = 2;
+  const CalculationResult shown = calculator.calculate("1/3");
+  EXPECT_EQ(shown.stringValue, "0.33");
+  EXPECT_NE(shown.evaluationResult.decimalValue(), Decimal::parse("0.33"));
+
+  calculator.formattingPreferences->referencesTakeFormattedValue = true;
+  EXPECT_EQ(calculator.calculate("1/3").evaluationResult.decimalValue(), Decimal::parse("0.33"));
+}
+
+TEST_F(CalculatorTest, PassedVariablesAreCalculatedOnceAndKept) {
+  Calculator calculator(EngineCustomization::standard());
+  const std::shared_ptr<VariableList> list = variables("rent", "10 * 50");
+  EXPECT_EQ(calculator.calculate("rent + 1", list).stringValue, "501");
+  ASSERT_NE(list->find("rent"), nullptr);
+  ASSERT_NE(list->find("rent")->definition, nullptr);
+  EXPECT_EQ(list->find("rent")->definition->decimalValue(), Decimal(500));
+}
+
+TEST_F(CalculatorTest, VariablesThatNameThemselvesEnd) {
+  Calculator calculator(EngineCustomization::standard());
+  const auto list = variables("a", "b + 1");
+  list->setVariable(Variable("b", "a + 1", VariableType::global));
+  list->setVariable(Variable("c", "c + 1", VariableType::global));
+  EXPECT_EQ(calculator.calculate("a + b + c", list).stringValue, "3");
+}
+
+TEST_F(CalculatorTest, AnotherCalculatorThanTheOneThatStandsByDefault) {
+  EXPECT_NE(Calculator::basic(), Calculator::basic());
+  EXPECT_EQ(Calculator::basic()->calculate("2 * 3").stringValue, "6");
+}
+
+TEST_F(CalculatorTest, ABackgroundCalculationTakesTheWorldAlong) {
+  Calculator calculator(EngineCustomization::standardWith(Locale("de_DE")));
+  EXPECT_EQ(calculator.calculateInBackground("1000,5 + 1").get().stringValue, "1.001,5");
+  EXPECT_EQ(calculator.calculateInBackground("\xFF 1 + 1").get().stringValue, "2");
+}
+
+TEST_F(CalculatorTest, ADateIsFoundOnlyWhereThereIsOne) {
+  Calculator calculator(EngineCustomization::standard());
+  EXPECT_FALSE(calculator.dateFor("3 + 4").has_value());
+}
+
+// Runs under the thread sanitizer: parser, content cache, queues and formatters serve all threads of a calculator.
+TEST_F(CalculatorTest, ThreadsShareACalculator) {
+  Calculator calculator(declaring());
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([&calculator, i] {
+      for (int n = 0; n < 50; ++n) {
+        const std::string line = std::to_string(n) + " * " + std::to_string(i) + " + apples";
+        EXPECT_EQ(calculator.calculate(line).stringValue, std::to_string(n * i)) << line;
+        calculator.calculate("v" + std::to_string(i) + " = " + std::to_string(n));
+      }
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+}  // namespace
+}  // namespace tavrine
