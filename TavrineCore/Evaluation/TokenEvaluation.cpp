@@ -9,6 +9,7 @@
 #include "TavrineCore/Evaluation/DeclarationEvaluation.h"
 #include "TavrineCore/Evaluation/EvaluationNode.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -57,7 +58,7 @@ struct FunctionEvaluators {
   /// "20% of 50".
   Token (*builtInWordFunction)(const Token&) = nullptr;
 };
-constexpr FunctionEvaluators kFunctionEvaluators;
+constexpr FunctionEvaluators kFunctionEvaluators{.functionExpression = FunctionExpressionEvaluator::evaluateFunction};
 
 Token evaluateFunctionExpression(const Token& token) {
   if (kFunctionEvaluators.functionExpression == nullptr || !token.subtokens) return Token();

@@ -23,4 +23,12 @@ void updateTypesCacheIfNecessary(TokenList& list, const PassContext& context);
 /// The net behind all passes: a list that no longer is the line gives way to its simple tokens, or to one comment.
 void ensureTokensTileTheLine(TokenList& list, const PassContext& context);
 
+// FunctionPasses.cpp
+/// "sqrt(16)", "sqrt 16" → one `functionExpression` over the name and a subexpression of its argument; "12 k", where
+/// the host has a function "k", likewise. Leaves names without an argument ("round the corner"), and with
+/// `functionsRequireParentheses` those without brackets. Counts on wrapped brackets: only those behind a name are left.
+void identifyFunctionExpressionsIn(TokenList& list, const PassContext& context);
+/// The same for the functions that the host implements; their arguments stay as they are, a `list` of them included.
+void identifyJavascriptFunctionsIn(TokenList& list, const PassContext& context);
+
 }  // namespace tavrine::passes

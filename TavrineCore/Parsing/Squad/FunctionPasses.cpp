@@ -1,0 +1,184 @@
+// Names of functions take their arguments: "sqrt(16)" and "sqrt 16" become one token, a call.
+//
+// Each list is swept once from its end to its start, so that in "sqrt(abs(-16))" the inner call is one token before the
+// outer one looks for its argument, and no bracket is counted twice however deep the calls nest.
+
+#include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Parsing/Helpers/Scalars.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+/// What a function can be applied to without brackets. Signs are not among them: "log = 5" declares, "sqrt + 5" says
+/// nothing.
+constexpr TokenTypeSet kArgumentTypes =
+    TokenTypeSet::validAnswerProducingTypes | TokenTypeSet{TokenType::subexpression, TokenType::functionExpression,
+                                                           TokenType::wordFunction,  TokenType::compoundUnitExpression,
+                                                           TokenType::variable,      TokenType::subsheet};
+
+/// What belongs to the number right before it and has not joined it: "sin 30%".
+constexpr TokenTypeSet kNumberSuffixTypes{TokenType::unit, TokenType::percentageSymbol};
+
+/// What a name that ends in a scalar can scale.
+constexpr TokenTypeSet kScalableTypes{TokenType::number, TokenType::unitExpression, TokenType::rate,
+                                      TokenType::subexpression};
+
+bool endsWithScalar(const Token& name) {
+  return !name.stringValue.empty() &&
+         Scalars::isValid(std::string_view(name.stringValue).substr(name.stringValue.size() - 1));
+}
+
+/// How many lists lie inside of one another below the token.
+std::size_t nestingOf(const Token& token) {
+  if (!token.subtokens) return 0;
+  std::size_t deepest = 0;
+  for (const Token& inner : *token.subtokens) deepest = std::max(deepest, nestingOf(inner));
+  return deepest + 1;
+}
+
+class CallFinder {
+ public:
+  /// `depth` is the nesting around the list.
+  CallFinder(TokenList& list, TokenType nameType, bool requireParentheses, std::size_t depth)
+      : list_(list), nameType_(nameType), requireParentheses_(requireParentheses), depth_(depth) {}
+
+  void fuseCalls() {
+    for (std::size_t i = list_.count(); i-- > 0;) {
+      const Token& token = list_[i];
+      nesting_.push_back(nestingOf(token));
+      if (token.is(TokenType::bracket, TokenSubType::closeBracket)) {
+        openClosers_.push_back(fromEnd(i));
+      } else if (token.is(TokenType::bracket, TokenSubType::openBracket)) {
+        noteOpener(i);
+      } else if (token.is(nameType_)) {
+        i = fuseCallAt(i);
+      }
+    }
+  }
+
+ private:
+  /// Tells the same token before and after an edit in front of it.
+  [[nodiscard]] std::size_t fromEnd(std::size_t index) const { return list_.count() - 1 - index; }
+
+  void noteOpener(std::size_t index) {
+    lastOpener_ = fromEnd(index);
+    lastCloser_.reset();
+    if (openClosers_.empty()) return;
+    lastCloser_ = openClosers_.back();
+    openClosers_.pop_back();
+  }
+
+  /// The index at which the sweep goes on.
+  std::size_t fuseCallAt(std::size_t name) {
+    if (nameType_ == TokenType::functionName && endsWithScalar(list_[name])) return fuseScaledValue(name);
+    const std::optional<TokenList::IndexRange> body = bodyOf(name);
+    if (body) fuse(name, *body, {name, body->last});
+    return name;
+  }
+
+  /// The argument of the name: the brackets behind it, or without brackets the one value behind it.
+  [[nodiscard]] std::optional<TokenList::IndexRange> bodyOf(std::size_t name) const {
+    const std::optional<std::size_t> next = list_.indexAfter(name, true);
+    if (!next) return std::nullopt;
+    if (list_[*next].is(TokenType::bracket, TokenSubType::openBracket)) {
+      if (lastOpener_ != fromEnd(*next) || !lastCloser_) return std::nullopt;
+      return TokenList::IndexRange{*next, list_.count() - 1 - *lastCloser_};
+    }
+    if (requireParentheses_) return std::nullopt;
+    if (!kArgumentTypes.contains(list_[*next].type)) return std::nullopt;
+    const Token* suffix = list_.tokenFor(*next + 1);
+    const bool hasSuffix =
+        list_[*next].is(TokenType::number) && suffix != nullptr && kNumberSuffixTypes.contains(suffix->type);
+    return TokenList::IndexRange{*next, hasSuffix ? *next + 1 : *next};
+  }
+
+  /// "12 k", where the host has a function of that name.
+  std::size_t fuseScaledValue(std::size_t name) {
+    const std::optional<std::size_t> value = list_.indexBefore(name, true);
+    if (!value || !kScalableTypes.contains(list_[*value].type)) return name;
+    while (nesting_.size() < list_.count() - *value) {
+      nesting_.push_back(nestingOf(list_[list_.count() - 1 - nesting_.size()]));
+    }
+    fuse(name, {*value, *value}, {*value, name});
+    return *value;
+  }
+
+  /// One token over `call`, with the body in a subexpression of its own and what stands around it as it is.
+  void fuse(std::size_t name, TokenList::IndexRange body, TokenList::IndexRange call) {
+    const std::size_t behind = list_.count() - 1 - call.last;
+    const std::size_t inside =
+        *std::max_element(nesting_.begin() + static_cast<std::ptrdiff_t>(behind), nesting_.end());
+    if (depth_ + inside + 2 > kMaximumNesting) return;
+
+    TokenSlice slice = list_.slice(call.first, call.last);
+    // A script function reads its arguments itself, so they stay as they are.
+    const bool isWrapped = body.first == body.last && list_[body.first].is(TokenType::subexpression);
+    if (list_[name].is(TokenType::functionName) && !isWrapped) {
+      const auto first = slice.tokens.begin() + static_cast<std::ptrdiff_t>(body.first - call.first);
+      const auto last = first + static_cast<std::ptrdiff_t>(body.last - body.first);
+      TokenSlice argument{std::vector<Token>(first, last + 1), body.first, body.last};
+      *first = std::move(argument).embedInContainerToken(TokenType::subexpression);
+      slice.tokens.erase(first + 1, last + 1);
+    }
+    list_.replaceRun(call.first, call.last, std::move(slice).embedInContainerToken(TokenType::functionExpression));
+    nesting_.resize(behind);
+    nesting_.push_back(inside + 2);
+  }
+
+  TokenList& list_;
+  const TokenType nameType_;
+  const bool requireParentheses_;
+  const std::size_t depth_;
+  /// Of each token from the end of the list to the place of the sweep.
+  std::vector<std::size_t> nesting_;
+  // Brackets by their distance from the end of the list.
+  std::vector<std::size_t> openClosers_;
+  std::optional<std::size_t> lastOpener_;
+  std::optional<std::size_t> lastCloser_;  // the partner of `lastOpener_`, if it has one
+};
+
+/// Fuses the calls of the list and of those inside of it, inner lists first.
+void fuseCallsIn(TokenList& list, TokenType nameType, bool requireParentheses, std::size_t depth) {
+  if (!list.typesEverPresentAtAnyDepth().contains(nameType)) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    const Token& token = list[i];
+    if (!token.subtokens || TokenTypeSet::commentTokenTypes.contains(token.type)) continue;
+    if (!token.subtokens->typesEverPresentAtAnyDepth().contains(nameType)) continue;
+    TokenList inside = *token.subtokens;
+    const std::uint64_t before = inside.modificationCount();
+    fuseCallsIn(inside, nameType, requireParentheses, depth + 1);
+    if (inside.modificationCount() == before) continue;
+    Token edited = token;
+    edited.subtokens = TokenList::frozen(std::move(inside));
+    list.replaceAt(i, std::move(edited));
+  }
+  CallFinder(list, nameType, requireParentheses, depth).fuseCalls();
+}
+
+}  // namespace
+
+namespace passes {
+
+void identifyFunctionExpressionsIn(TokenList& list, const PassContext& context) {
+  if (!list.anyTypesHaveBeenPresentIn(kArgumentTypes)) return;
+  fuseCallsIn(list, TokenType::functionName, context.features.functionsRequireParentheses, 0);
+}
+
+void identifyJavascriptFunctionsIn(TokenList& list, const PassContext& context) {
+  fuseCallsIn(list, TokenType::javascriptFunctionName, context.features.functionsRequireParentheses, 0);
+}
+
+}  // namespace passes
+
+}  // namespace tavrine
