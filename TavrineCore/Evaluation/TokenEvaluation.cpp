@@ -49,19 +49,18 @@ Token evaluateConditional(const Token& token) {
   return Token();
 }
 
-/// The functions live in files of their own. One that is null can't be called yet, and comes to nothing.
+/// Phrases are worked out in files of their own. A kind that is null can't be called yet, and comes to nothing.
 struct FunctionEvaluators {
-  /// "sqrt(4)": gets the name and the evaluated argument as the two subtokens.
-  std::optional<Token> (*functionExpression)(const Token&) = nullptr;
   /// A phrase of the host's.
   Token (*customWordFunction)(const Token&) = nullptr;
   /// "20% of 50".
   Token (*builtInWordFunction)(const Token&) = nullptr;
 };
-constexpr FunctionEvaluators kFunctionEvaluators{.functionExpression = FunctionExpressionEvaluator::evaluateFunction};
+constexpr FunctionEvaluators kFunctionEvaluators;
 
+/// "sqrt(4)": the function gets the name and the evaluated argument.
 Token evaluateFunctionExpression(const Token& token) {
-  if (kFunctionEvaluators.functionExpression == nullptr || !token.subtokens) return Token();
+  if (!token.subtokens) return Token();
   const Token* name = token.subtokens->firstTokenOfType(TokenType::functionName);
   if (name == nullptr) return Token();
 
@@ -69,7 +68,7 @@ Token evaluateFunctionExpression(const Token& token) {
   if (const Token* argument = token.subtokens->firstTokenOfType(TokenType::subexpression)) {
     call.subtokens = TokenList::frozen(std::vector<Token>{*name, argument->evaluated()});
   }
-  return kFunctionEvaluators.functionExpression(call).value_or(Token());
+  return FunctionExpressionEvaluator::evaluateFunction(call).value_or(Token());
 }
 
 Token evaluateWordFunction(const Token& token) {

@@ -26,9 +26,9 @@ using MathFunctionSet = EnumSet<MathFunction, foundation::kMathFunctionCount>;
 /// "arcsin" is another spelling of "asin".
 constexpr std::string_view kArcPrefix = "arc";
 
-constexpr MathFunctionSet kNormalTrigonometryFunctions{
-    MathFunction::sin,  MathFunction::sinh,  MathFunction::cos,   MathFunction::cosh, MathFunction::tan,
-    MathFunction::tanh, MathFunction::asinh, MathFunction::acosh, MathFunction::atanh};
+constexpr MathFunctionSet kNormalTrigonometryFunctions{MathFunction::sin,   MathFunction::sinh,  MathFunction::cos,
+                                                       MathFunction::cosh,  MathFunction::tan,   MathFunction::tanh,
+                                                       MathFunction::asinh, MathFunction::acosh, MathFunction::atanh};
 constexpr MathFunctionSet kRoundingFunctions{MathFunction::ceil, MathFunction::floor, MathFunction::round,
                                              MathFunction::bankersRound};
 constexpr MathFunctionSet kInverseTrigonometryFunctions{MathFunction::asin, MathFunction::acos, MathFunction::atan};
@@ -147,8 +147,7 @@ std::optional<Token> FunctionExpressionEvaluator::evaluateFunction(const Token& 
   if (argument == nullptr) return std::nullopt;
   if (argument->is(TokenType::error)) return *argument;
 
-  const std::optional<MathFunction> function =
-      foundation::mathFunctionFromRawValue(canonicalName(name->stringValue));
+  const std::optional<MathFunction> function = foundation::mathFunctionFromRawValue(canonicalName(name->stringValue));
   if (!function) return scaled(name->stringValue, *argument);
 
   if (*function == MathFunction::assert_) {
