@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/DecimalMath.h"
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
+#include "Tests/Evaluation/EvaluationTestSupport.h"
+
+namespace tavrine::testing {
+namespace {
+
+Decimal number(std::string_view text) { return *Decimal::parse(text); }
+
+TCUnit unit(UnitIdentifier identifier, UnitType type, std::string symbol) {
+  TCUnit::Record record;
+  record.identifier = identifier;
+  record.unitType = type;
+  record.symbol = std::move(symbol);
+  record.converter = {Decimal(1), Decimal(0)};
+  return TCUnit::counted(record);
+}
+TCUnit degrees() { return unit(UnitIdentifier::degrees, UnitType::angle, "°"); }
+TCUnit kilometers() { return unit(UnitIdentifier::kilometers, UnitType::length, "km"); }
+
+/// "4", "unitExpression 6 km", "rate 6", "error ImaginaryNumber", "none" where there is no token.
+std::string applied(std::string_view function, const Token& argument) {
+  const Token call(TokenType::functionExpression, TokenSubType::notSpecified, "", NSRange::zero,
+                   TokenList::frozen(std::vector<Token>{
+                       Token(TokenType::functionName, std::string(function), NSRange::zero), argument}));
+  const std::optional<Token> answer = FunctionExpressionEvaluator::evaluateFunction(call);
+  if (!answer) return "none";
+  if (const auto expression = answer->unitExpressionValue()) {
+    return "unitExpression " + expression->value.description() + ' ' + expression->unit.symbol();
+  }
+  if (answer->is(TokenType::rate)) return "rate " + answer->decimalValue().description();
+  return describeResult(answer->evaluationResult());
+}
+std::string applied(std::string_view function, std::string_view argument) {
+  return applied(function, TokenFactory::numberWith(number(argument)));
+}
+
+struct Case {
+  std::string_view function;
+  std::string_view argument;
+  std::string_view want;
+};
+
+TEST(TraditionalFunctions, OfNumbers) {
+  const auto cases = std::to_array<Case>({
+      {"sqrt", "16", "4"},
+      {"Sqrt", "16", "4"},
+      {"sqrt", "0", "0"},
+      {"sqrt", "-0.0001", "error ImaginaryNumber"},
+      {"cbrt", "-27", "-3"},
+      {"log", "0", "error Infinity"},
+      {"ln", "-2", "error Infinity"},
+      {"log2", "0", "error Infinity"},
+      {"log10", "1", "0"},
+      {"fact", "5", "120"},
+      {"unitstrip", "2.50", "2.5"},
+      // Floating point ends at 15 places for these, so that sin(π) is 0 and not 1.2e-16.
+      {"sin", "3.14159265358979323846264338327950288", "0"},
+      {"cos", "3.14159265358979323846264338327950288", "-1"},
+      {"sind", "90", "1"},
+      {"cosd", "180", "-1"},
+      {"asin", "2", "error Other"},
+      {"assert", "5", "error Other"},
+      {"nameless", "5", "none"},
+      {"boxM", "12", "12000000"},
+      {"boxm", "12", "none"},
+  });
+  for (const Case& c : cases) EXPECT_EQ(applied(c.function, c.argument), c.want) << c.function << ' ' << c.argument;
+}
+
+TEST(TraditionalFunctions, AnglesKeepToTheUnitOfTheArgument) {
+  const Token right = TokenFactory::unitExpressionWith(number("90"), degrees());
+  EXPECT_EQ(applied("sin", right), "1");
+  // "sind" reads plain numbers as degrees, and takes a value that says so as it stands.
+  EXPECT_EQ(applied("sind", right).substr(0, 12), "0.8939966636");
+  const Token one = TokenFactory::unitExpressionWith(Decimal(1), degrees());
+  EXPECT_EQ(applied("asin", one), "unitExpression 89.999999999999999 °");
+  EXPECT_EQ(applied("acos", one), "unitExpression 0 °");
+  EXPECT_EQ(applied("arccos", "1"), "unitExpression 0 rad");
+  EXPECT_EQ(applied("arcsin", "1"), applied("asin", "1"));
+  EXPECT_EQ(applied("asin", "1").substr(0, 24), "unitExpression 1.5707963");
+}
+
+TEST(TraditionalFunctions, RoundingKeepsTheForm) {
+  const Token distance = TokenFactory::unitExpressionWith(number("5.5"), kilometers());
+  EXPECT_EQ(applied("round", distance), "unitExpression 6 km");
+  EXPECT_EQ(applied("floor", distance), "unitExpression 5 km");
+  EXPECT_EQ(applied("abs", distance), "5.5") << "other functions drop the unit";
+
+  const Token speed = TokenFactory::rateWith(std::make_shared<const UnitRateTokenMetadata>(
+      UnitRate{number("5.5"), kilometers(), unit(UnitIdentifier::hours, UnitType::duration, "h")}));
+  EXPECT_EQ(applied("ceil", speed), "rate 6");
+  EXPECT_EQ(applied("round", TokenFactory::percentageWith(number("0.6"))), "1");
+}
+
+TEST(TraditionalFunctions, PassOnWhatTheyCannotCalculateWith) {
+  EXPECT_EQ(applied("sqrt", errorToken(EvaluationError::DivideByZero)), "error DivideByZero");
+  EXPECT_EQ(applied("assert", TokenFactory::booleanWith(false)), "boolean false");
+  EXPECT_EQ(applied("sqrt", Token()), "none");
+  EXPECT_FALSE(FunctionExpressionEvaluator::evaluateFunction(TokenFactory::numberWith(Decimal(4))));
+}
+
+}  // namespace
+}  // namespace tavrine::testing
