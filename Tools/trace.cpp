@@ -9,6 +9,7 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Evaluation/EvaluationNode.h"
 #include "TavrineCore/Evaluation/Processors/Preprocessors.h"
+#include "TavrineCore/Evaluation/Support/RuleObserver.h"
 #include "TavrineCore/EvaluationController.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -133,7 +134,10 @@ void trace(Calculator& calculator, const std::string& line, const VariableList& 
   const std::optional<EvaluationTree> tree = EvaluationTree::headNode(processed.list());
   section("tree", tree ? tree->ASTDescription() : "none: a lone value, or nothing");
 
+  std::string rules;
+  const ScopedRuleObserver observer([&rules](std::string_view rule) { rules.append("  ").append(rule).append("\n"); });
   const CalculationResult result = calculator.calculate(line);
+  section("pairs and converters, as they were applied", rules.empty() ? "none" : rules);
   section("result", std::string(toString(result.evaluationResult.kind())) + " " +
                         result.evaluationResult.stringValue().value_or(""));
   section("formatter", nameOfFormatter(result.evaluationResult));

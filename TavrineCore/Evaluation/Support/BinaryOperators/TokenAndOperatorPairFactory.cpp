@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "TavrineCore/Evaluation/Support/BinaryOperators/Pairs.h"
+#include "TavrineCore/Evaluation/Support/RuleObserver.h"
 
 namespace tavrine {
 
@@ -123,6 +124,7 @@ const BinaryOperandPair& TokenAndOperatorPairFactory::pairFor(const PairOperands
 Token evaluatedPair(const Token& first, const Token& second, const Token& operator_) {
   const PairOperands operands{first, second, operator_};
   const BinaryOperandPair& pair = TokenAndOperatorPairFactory::pairFor(operands);
+  noteRule(pair.name);
   if (pair.evaluate == nullptr) return Token();
   std::optional<Token> result = pair.evaluate(operands);
   return result ? std::move(*result) : Token();

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
+#include "TavrineCore/Evaluation/Support/RuleObserver.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
@@ -101,6 +102,7 @@ const TokenConverter* TokenConverterFactory::converterFor(const Token& operand, 
 std::optional<Token> TokenConverterFactory::converted(const Token& operand, const Token& converter) {
   const TokenConverter* conversion = converterFor(operand, converter);
   if (conversion == nullptr || conversion->performConversion == nullptr) return std::nullopt;
+  noteRule(conversion->name);
   return conversion->performConversion({operand, converter});
 }
 
