@@ -15,6 +15,47 @@ void lexemesFor(TokenList& list, const PassContext& context);
 /// Lexemes become the first tokens; "#" and "tag" fuse, and so do "5", " ", "½".
 void tokensForLexemes(TokenList& list, const PassContext& context);
 
+// NumberPasses.cpp
+/// Where the locale groups by blanks, "1 000 000" becomes one number. Numbers beside a colon are times: "12 30:00"
+/// stays two numbers.
+void gatherWhitespacedSeparatedNumbers(TokenList& list, const PassContext& context);
+/// "5k" becomes one number with a scalar. The letter has to stand directly behind: in "5 k" it is a word. Behind a
+/// bracket or a variable it is taken for a function's name.
+void applyScalarsToNumbers(TokenList& list, const PassContext& context);
+/// "2e5" and "2e-5" become one number; "2e" and "2 e5" keep their words.
+void identifyScientificNotation(TokenList& list, const PassContext& context);
+/// "0b101", "0xFF" and "0o17" become numbers of their bases; "0xFG" stays a zero and a word. Counts on 64 bits being
+/// enough.
+void identifyOtherBaseNumbersIn(TokenList& list, const PassContext& context);
+
+// NumericClusterPasses.cpp
+/// A word of letters and digits falls apart where its parts mean something: "x2" into an operator (or the variable x)
+/// and a number, "C4" into a pitch. "abc2" stays a word.
+void identifyNumericClustersIn(TokenList& list, const PassContext& context);
+
+// NumberGroupPasses.cpp
+/// "2 dp" becomes a `dpSpecifier` over the number and the word.
+void identifyDecimalPointSpecifiers(TokenList& list, const PassContext& context);
+/// A minus directly before a number joins it where nothing stands in front to subtract from: "-5" and "3 * -5", but
+/// not "3 -5". Counts on the dates having taken their dashes.
+void identifyUnaryMinusNumbersIn(TokenList& list, const PassContext& context);
+
+// NumberWordPasses.cpp
+/// "two hundred and five" becomes one number, and so does "3 thousand". A word among words stays a word: "five apples",
+/// "five-star".
+void transformNumberWordsAndApplyToNumbersWhereRequired(TokenList& list, const PassContext& context);
+
+// NumberGroupPasses.cpp
+/// "10%", "10 %" and "10 percent" become percentages. "5 % 3" is left: a number behind the sign makes it a modulo.
+void identifyPercentages(TokenList& list, const PassContext& context);
+/// A percent sign between two operands becomes the modulo operator.
+void identifyPercentSymbolAsModIn(TokenList& list, const PassContext& context);
+/// "1920x1080" becomes a resolution, for the sake of screens. Runs only where the line holds a value with a unit; the
+/// processors take back what no screen wants.
+void identifyResolutionsIn(TokenList& list, const PassContext& context);
+/// "3/4" becomes a fraction, "3 / 4" doesn't, and neither does the "1/3" of "2^1/3".
+void identifyFractionsIn(TokenList& list, const PassContext& context);
+
 // StructurePasses.cpp
 /// Balanced brackets become `subexpression` tokens.
 void wrapBracketsInSubexpressions(TokenList& list, const PassContext& context);

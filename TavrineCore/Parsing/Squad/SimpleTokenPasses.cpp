@@ -14,6 +14,7 @@
 #include "TavrineCore/Parsing/Helpers/NumberDetector.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
 #include "TavrineCore/Parsing/Primitives/SubsheetList.h"
+#include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Squad/SimpleTokens.h"
@@ -31,16 +32,6 @@ namespace {
 constexpr std::string_view kSquareRootSign = "√";
 /// Opens the placeholders of phrase patterns ("__decimal").
 constexpr std::string_view kPlaceholderPrefix = "__";
-
-TokenSubType subTypeBySign(const Decimal& value) {
-  return value.isSignMinus() ? TokenSubType::negativeNumber : TokenSubType::positiveNumber;
-}
-
-Token numberToken(const Decimal& value, std::string text, NSRange range) {
-  return {TokenType::number, subTypeBySign(value),
-          std::move(text),   range,
-          nullptr,           std::make_shared<const NumberTokenMetadata>(value)};
-}
 
 std::optional<Token> variableToken(std::string_view fragment, NSRange range, const PassContext& context) {
   if (context.variables.isEmpty()) return std::nullopt;

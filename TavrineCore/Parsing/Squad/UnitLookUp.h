@@ -1,0 +1,19 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
+
+namespace tavrine {
+
+struct PassContext;
+
+/// The unit of this name or symbol in the vocabulary of the line; nothing where the vocabulary holds no units.
+std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context);
+
+/// Whether the user has put `symbol` in the place of a currency's own.
+bool isCurrencySubstitution(std::string_view symbol, const PassContext& context);
+
+}  // namespace tavrine
