@@ -99,9 +99,9 @@ class EngineCustomization {
 
   /// `customization.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.octal = false; });`
   template <typename Change>
-  void changeFeatureFlags(Change change) {
+  void changeFeatureFlags(Change edit) {
     EngineFeatureFlags flags = featureFlags();
-    change(flags);
+    edit(flags);
     setFeatureFlags(flags);
   }
 

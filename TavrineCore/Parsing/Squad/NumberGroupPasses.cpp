@@ -45,6 +45,7 @@ void identifyDecimalPointSpecifiers(TokenList& list, const PassContext&) {
         *number, i,
         list.slice(*number, i)
             .embedInContainerToken(TokenType::dpSpecifier, TokenSubType::notSpecified, std::move(metadata)));
+    i = *number;
   }
 }
 
@@ -70,6 +71,7 @@ void identifyUnaryMinusNumbersIn(TokenList& list, const PassContext&) {
     const NSRange range = slice.range();
     list.replaceRun(
         i - 1, i, numberToken(std::move(negated), std::move(text), range, TokenList::frozen(std::move(slice.tokens))));
+    --i;  // the new number is no candidate: "--5" keeps its first minus
   }
 }
 
@@ -115,7 +117,10 @@ void identifyPercentages(TokenList& list, const PassContext&) {
   if (list.typePrecheck(TokenType::typeName)) {
     for (std::size_t i = list.count(); i-- > 0;) {
       if (!list[i].is(TokenType::typeName, TokenSubType::percentageTypeName)) continue;
-      if (const auto number = numberBefore(list, i)) replaceByPercentage(list, *number, i);
+      const auto number = numberBefore(list, i);
+      if (!number) continue;
+      replaceByPercentage(list, *number, i);
+      i = *number;
     }
   }
   if (!list.allTypesHaveBeenPresentIn(TokenTypeSet::percentageSubTypes)) return;
@@ -167,20 +172,29 @@ bool bindsTighterThanDivision(const Token& token) {
   return token.is(TokenType::operator_, TokenSubType::powerOperator) || token.is(TokenType::converter);
 }
 
+bool isSlash(const Token& token) {
+  return token.is(TokenType::operator_, TokenSubType::divisionOperator) && token.stringValue == Parser::slash;
+}
+
 }  // namespace
 
 void identifyFractionsIn(TokenList& list, const PassContext&) {
   list.performEditsToListsWith(
       TokenType::operator_, /*recalculateRangesAfterEdit=*/false,
       [](const Token& slash, TokenList& tokens, const Token*) {
-        if (slash.subType != TokenSubType::divisionOperator || slash.stringValue != Parser::slash) return;
+        if (!isSlash(slash)) return;
         const std::optional<std::size_t> index = tokens.indexOf(slash);
         if (!index || *index == 0 || *index + 1 >= tokens.count()) return;
         const Token& numerator = tokens[*index - 1];
         const Token& denominator = tokens[*index + 1];
         if (!numerator.is(TokenType::number) || !denominator.is(TokenType::number)) return;
+        // What divides by zero is no value: the evaluation tells so.
+        if (numberIn(denominator).isZero()) return;
         const Token* before = tokens.tokenBefore(*index - 1, /*ignoreWhitespace=*/true);
-        if (before != nullptr && bindsTighterThanDivision(*before)) return;
+        // "3 1/2" is one number, which the processors put together.
+        if (before != nullptr && (before->is(TokenType::number) || bindsTighterThanDivision(*before))) return;
+        // A chain without blanks divides from the left: "8/4/2" is 1, while "6 / 1/2" is 12.
+        if (*index >= 2 && isSlash(tokens[*index - 2])) return;
         const Fraction fraction{numberIn(numerator) / numberIn(denominator), std::nullopt};
         tokens.replaceRun(*index - 1, *index + 1,
                           tokens.slice(*index - 1, *index + 1)

@@ -53,7 +53,8 @@ void identifyPercentSymbolAsModIn(TokenList& list, const PassContext& context);
 /// "1920x1080" becomes a resolution, for the sake of screens. Runs only where the line holds a value with a unit; the
 /// processors take back what no screen wants.
 void identifyResolutionsIn(TokenList& list, const PassContext& context);
-/// "3/4" becomes a fraction, "3 / 4" doesn't, and neither does the "1/3" of "2^1/3".
+/// "3/4" becomes a fraction. "3 / 4" doesn't, and neither does what belongs to more: the "1/3" of "2^1/3", the "1/2" of
+/// "3 1/2", the "4/2" of "8/4/2".
 void identifyFractionsIn(TokenList& list, const PassContext& context);
 
 // StructurePasses.cpp
