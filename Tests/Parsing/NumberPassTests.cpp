@@ -112,8 +112,7 @@ void check(const Reader& reader, std::span<const Case> cases) {
   }
 }
 
-// --- Numbers of several lexemes
-// ---------------------------------------------------------------------------------------
+// --- Numbers of several lexemes -------------------------------------------------------------------------------------
 
 TEST(NumberPasses, GatherGroupsWhereTheLocaleGroupsByBlanks) {
   constexpr Case kFrench[] = {
@@ -230,8 +229,7 @@ TEST(NumberPasses, KeepTheTypedValueBesideTheScalar) {
   EXPECT_EQ(list[0].ownDecimalValue(), Decimal(-5000));
 }
 
-// --- Signs, percentages, pairs of numbers
-// -----------------------------------------------------------------------------
+// --- Signs, percentages, pairs of numbers ---------------------------------------------------------------------------
 
 constexpr Case kGroups[] = {
     {"G7", "to 2 dp", "converterSymbol _ dpSpecifier[2 _ typeName]"},
@@ -282,8 +280,41 @@ constexpr Case kGroups[] = {
 
 TEST(NumberPasses, GroupNumbersWithWhatStandsBesideThem) { check(Reader("en_US"), kGroups); }
 
-// --- Number words
-// -----------------------------------------------------------------------------------------------------
+TEST(NumberPasses, TakeProductsForResolutionsWhereScreensAreUnderstood) {
+  const std::vector<Case> cases = {
+      {"", "1920x1080", "resolution[1920 x 1080]"},
+      {"", "1920 * 1080", "resolution[1920 _ * _ 1080]"},
+      {"", "2 x 3 x 4", "2 _ x _ resolution[3 _ x _ 4]"},
+      {"", "(2x3)", "subexpression[bracket resolution[2 x 3] bracket]"},
+      {"", "3/4", "3 / 4"},
+  };
+  const Reader reader("en_US");
+  for (const Case& c : cases) EXPECT_EQ(dump(reader.withResolutions(c.line)), c.want) << c.line;
+  const Reader without("en_US", [](EngineFeatureFlags& flags) {
+    flags.disabledFunctions.emplace().insert(FunctionIdentifier::screenDensity);
+  });
+  EXPECT_EQ(dump(without.withResolutions("1920x1080")), "1920 x 1080");
+}
+
+TEST(NumberPasses, LoseNothingOfRandomLines) {
+  constexpr std::string_view kPieces[] = {"1", "0",   " ",   "  ",      "-",  "%",     "percent", "dp",  "k",
+                                          "M", "e",   "e5",  "+",       "/",  "x",     "x2",      "0x",  "b1",
+                                          "F", "(",   ")",   ":",       ",",  ".",     "½",       "two", "five",
+                                          "",  "and", "1,5", "hundred", "C4", "apple", "甲",      "😀",   "^"};
+  std::mt19937 random(7);
+  const auto before = foundation::setDiagnosticSink([](std::string_view) {});
+  for (const std::string_view locale : {"en_US", "fr_FR", "ru_RU", "zh_CN"}) {
+    const Reader reader(locale);
+    for (int round = 0; round < 400; ++round) {
+      std::string line;
+      for (auto length = random() % 14; length > 0; --length) line += kPieces[random() % std::size(kPieces)];
+      reader.withResolutions(line);
+    }
+  }
+  foundation::setDiagnosticSink(before);
+}
+
+// --- Number words ---------------------------------------------------------------------------------------------------
 
 constexpr Case kWords[] = {
     {"G10", "five", "5"},
@@ -432,8 +463,7 @@ TEST(NumberWords, NestWithinBounds) {
   EXPECT_LE(depthOf(reader.listAfter("G10", repeated("1 ", 500) + "hundred")), 40U);
 }
 
-// --- Long lines
-// -------------------------------------------------------------------------------------------------------
+// --- Long lines -----------------------------------------------------------------------------------------------------
 
 double secondsToParse(const Reader& reader, const std::string& line) {
   const auto start = std::chrono::steady_clock::now();

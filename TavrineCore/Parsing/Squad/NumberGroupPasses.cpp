@@ -49,8 +49,7 @@ void identifyDecimalPointSpecifiers(TokenList& list, const PassContext&) {
   }
 }
 
-// --- Signs
-// ------------------------------------------------------------------------------------------------------------
+// --- Signs ----------------------------------------------------------------------------------------------------------
 
 void identifyUnaryMinusNumbersIn(TokenList& list, const PassContext&) {
   for (std::size_t i = list.count(); i-- > 1;) {
@@ -75,8 +74,7 @@ void identifyUnaryMinusNumbersIn(TokenList& list, const PassContext&) {
   }
 }
 
-// --- Percentages
-// ------------------------------------------------------------------------------------------------------
+// --- Percentages ----------------------------------------------------------------------------------------------------
 
 namespace {
 
@@ -143,8 +141,7 @@ void identifyPercentSymbolAsModIn(TokenList& list, const PassContext&) {
       });
 }
 
-// --- Two numbers and an operator
-// --------------------------------------------------------------------------------------
+// --- Two numbers and an operator ------------------------------------------------------------------------------------
 
 void identifyResolutionsIn(TokenList& list, const PassContext& context) {
   if (context.features.disables(FunctionIdentifier::screenDensity)) return;
