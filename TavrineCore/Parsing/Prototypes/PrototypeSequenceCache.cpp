@@ -1,0 +1,117 @@
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
+
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "Foundation/Environment.h"
+#include "Foundation/Locale.h"
+#include "Foundation/SerialQueue.h"
+#include "Foundation/StringMap.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeExpressionGenerator.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequenceGenerator.h"
+
+namespace tavrine {
+
+namespace {
+
+using Mode = PrototypeSequenceGenerator::NumberInterpretationMode;
+
+/// Phrases by their text, a null one included: that a text makes no phrase is worth remembering as well.
+class PhraseCache {
+ public:
+  PhraseCache(std::string_view label, std::size_t maximumCount) : accessQueue_(label), maximumCount_(maximumCount) {}
+
+  /// Two threads may make the same phrase at a time; all get the one that is kept.
+  PrototypeSequenceRef phraseFor(std::string_view text, PrototypeSequenceRef (*make)(std::string_view text)) {
+    const std::string key = keyOf(text);
+    using Known = std::optional<PrototypeSequenceRef>;
+    Known known = accessQueue_.sync([&]() -> Known {
+      const auto found = phrases_.find(key);
+      return found == phrases_.end() ? Known() : Known(found->second);
+    });
+    if (known) return *std::move(known);
+
+    PrototypeSequenceRef made = make(text);
+    return accessQueue_.sync([&] {
+      if (phrases_.size() >= maximumCount_) phrases_.clear();
+      return phrases_.try_emplace(key, std::move(made)).first->second;
+    });
+  }
+
+  [[nodiscard]] std::size_t count() const {
+    return accessQueue_.sync([&] { return phrases_.size(); });
+  }
+
+ private:
+  /// Chinese text is cut in other places.
+  static std::string keyOf(std::string_view text) {
+    return std::string(Locale::current().isChinese() ? "zh " : "   ").append(text);
+  }
+
+  SerialQueue accessQueue_;
+  StringMap<PrototypeSequenceRef> phrases_;
+  std::size_t maximumCount_;
+};
+
+PhraseCache& wordFunctionSequenceCache() {
+  static PhraseCache cache("wordFuctionAccessQueue", std::numeric_limits<std::size_t>::max());
+  return cache;
+}
+PhraseCache& customFunctionSequenceCache() {
+  static PhraseCache cache("customFunctionAccessQueue", PrototypeSequenceCache::kMaximumCustomPhrases);
+  return cache;
+}
+PhraseCache& variableSequenceCache() {
+  static PhraseCache cache("variableSequenceAccessQueue", PrototypeSequenceCache::kMaximumVariablePhrases);
+  return cache;
+}
+
+PrototypeSequenceRef phraseOfFunction(std::string_view text) {
+  return PrototypeSequenceGenerator::sequenceFor(text, Mode::arithmeticEntity);
+}
+
+PrototypeSequenceRef phraseOfVariable(std::string_view name) {
+  const auto literally = [](const Token&) { return PrototypeExpressionMatchType::literally; };
+  const std::optional<std::string> phrase = PrototypeExpressionGenerator::prototypeStringFrom(name, literally);
+  return phrase ? PrototypeSequenceGenerator::sequenceFor(*phrase, Mode::literalNumber) : nullptr;
+}
+
+}  // namespace
+
+std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function> functions) {
+  std::vector<PrototypeSequenceRef> sequences;
+  sequences.reserve(functions.size());
+  for (const Function& function : functions) {
+    const PrototypeSequenceRef phrase =
+        wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction);
+    sequences.push_back(phrase->withMetadata(function));
+  }
+  return sequences;
+}
+
+std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const CustomFunction> functions) {
+  std::vector<PrototypeSequenceRef> sequences;
+  const auto add = [&sequences](const CustomFunction& function, std::string_view text) {
+    sequences.push_back(customFunctionSequenceCache().phraseFor(text, phraseOfFunction)->withMetadata(function));
+  };
+  for (const CustomFunction& function : functions) {
+    add(function, function.prototypeExpression());
+    if (!function.aliases()) continue;
+    for (const std::string& alias : *function.aliases()) add(function, alias);
+  }
+  return sequences;
+}
+
+PrototypeSequenceRef PrototypeSequenceCache::sequenceFor(const Variable& variable) {
+  const PrototypeSequenceRef phrase = variableSequenceCache().phraseFor(variable.name, phraseOfVariable);
+  return phrase ? phrase->withMetadata(variable) : nullptr;
+}
+
+PrototypeSequenceCache::Counts PrototypeSequenceCache::counts() {
+  return {wordFunctionSequenceCache().count(), customFunctionSequenceCache().count(), variableSequenceCache().count()};
+}
+
+}  // namespace tavrine

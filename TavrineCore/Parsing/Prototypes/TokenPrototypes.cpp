@@ -1,0 +1,69 @@
+#include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
+
+#include <optional>
+
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequence.h"
+#include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/Token.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+bool LiteralTokenPrototype::matches(const Token& token) const {
+  if (invalidLiteralTokenTypes.contains(token.type)) return false;
+  if (token.stringValue == string_) return true;
+  return !isLowercased(token.stringValue) && lowercased(token.stringValue) == string_;
+}
+
+bool TypeTokenPrototype::matches(const Token& token) const {
+  if (token.type == type_) return true;
+  if (type_ == TokenType::percentage && token.type == TokenType::fraction) return true;
+  if (token.type != TokenType::wordFunction) return false;
+  const std::optional<FunctionIdentifier> called = token.functionIdentifier();
+  return called && returnTypeOf(*called) == type_;
+}
+std::string TypeTokenPrototype::debugDescription() const { return '<' + std::string(toString(type_)) + '>'; }
+
+bool SubTypeTokenPrototype::matches(const Token& token) const { return token.subType == subType_; }
+std::string SubTypeTokenPrototype::debugDescription() const { return '<' + std::string(toString(subType_)) + '>'; }
+
+bool TypedUnitTokenPrototype::matches(const Token& token) const {
+  const std::optional<TCUnit> unit = token.unitValue();
+  return unit && unit->unitType() == unitType_;
+}
+std::string TypedUnitTokenPrototype::debugDescription() const {
+  return "<unit of " + std::string(toString(unitType_)) + '>';
+}
+
+bool TypedUnitExpressionTokenPrototype::matches(const Token& token) const {
+  const std::optional<UnitExpression> expression = token.unitExpressionValue();
+  return expression && expression->unit.unitType() == unitType_;
+}
+std::string TypedUnitExpressionTokenPrototype::debugDescription() const {
+  return '<' + std::string(toString(unitType_)) + '>';
+}
+
+bool ArithmeticEntityTokenPrototype::matches(const Token& token) const {
+  return additionalAcceptableTypes.contains(token.type) || token.hasDecimalValue();
+}
+
+bool SubExpressionTokenPrototype::matches(const Token& token) const {
+  return token.is(TokenType::subexpression) && token.subtokens && prototypeSequence_->matches(*token.subtokens);
+}
+std::string SubExpressionTokenPrototype::debugDescription() const { return prototypeSequence_->debugDescription(); }
+
+bool AnyWordTokenPrototype::matches(const Token& token) const { return token.is(TokenType::wordComment); }
+
+bool DynamicPlaceTokenPrototype::matches(const Token& token) const {
+  return TokenTypeSet::typesInDynamicPlaceNames.contains(token.type);
+}
+
+bool CustomTypeTokenPrototype::matches(const Token& token) const {
+  const auto* metadata = token.metadataAs<CustomTypeTokenMetadata>();
+  return token.is(TokenType::customType) && metadata != nullptr && metadata->customType.prototypePlaceholder() == name_;
+}
+
+}  // namespace tavrine
