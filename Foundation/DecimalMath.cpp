@@ -133,13 +133,16 @@ Decimal newton(const Decimal& value, Decimal guess, bool movesFromAbove, const L
   return guess;
 }
 
-// Newton's start for a root: the value itself, or, where its power leaves the range, what floating point takes for the
-// root.
-Decimal startOfRoot(const Decimal& value, const Decimal& degree, const Power& power) {
-  if (!power(value).isNaN()) return value;
+// What floating point takes for the root.
+Decimal estimatedRoot(const Decimal& value, const Decimal& degree) {
   const double estimate = std::pow(value.magnitude().doubleValue(), 1 / degree.doubleValue());
-  const Decimal start = Decimal::fromDouble(estimate);
-  return value.isSignMinus() ? start.negated() : start;
+  const Decimal root = Decimal::fromDouble(estimate);
+  return value.isSignMinus() ? root.negated() : root;
+}
+
+bool isNear(const Decimal& root, const Decimal& estimate) {
+  const Decimal distance = subtract(root, estimate, kBankers).magnitude();
+  return !distance.isNaN() && distance <= multiply(estimate.magnitude(), "1e-6"_dec, kBankers);
 }
 
 // Zero for what isn't a normal floating-point number.
@@ -157,6 +160,7 @@ std::optional<Decimal> finiteDecimal(double value) {
 // ------------------------------------------------------------------------------------------------ powers
 
 PowerResult calculatePower(const Decimal& base, std::uint64_t power, RoundingMode mode) {
+  if (base.isNaN()) return {base, PowerCalculationError::overflow};
   if (power == 0) return {1};
   Decimal result = 1, square = base;
   CalculationError error = CalculationError::noError;
@@ -164,7 +168,6 @@ PowerResult calculatePower(const Decimal& base, std::uint64_t power, RoundingMod
     return {Decimal::nan(),
             error == CalculationError::underflow ? PowerCalculationError::underflow : PowerCalculationError::overflow};
   };
-  if (base.isNaN()) return failure();
   for (bool isFirst = true;; power >>= 1) {
     if ((power & 1) != 0) {
       result = isFirst ? square : multiply(result, square, mode, error);
@@ -190,8 +193,11 @@ Decimal TCDecimalPower(const Decimal& base, const Decimal& power) { return Power
 Decimal DDDecimalSqrt(const Decimal& value) {
   if (value.isZero()) return {};
   if (value.isNaN() || value.isSignMinus()) return Decimal::nan();
-  // Half the exponent brings large values near their root at once.
-  const Decimal start = value.exponent() > 2 ? value.withExponent(value.exponent() / 2) : value;
+  // Half the exponent brings large values near their root at once. The tolerance would take any small guess for the
+  // root of a tiny value, so there the first guess has to be a good one.
+  const Decimal start = value < kLeastForSkipping ? estimatedRoot(value, 2)
+                        : value.exponent() > 2    ? value.withExponent(value.exponent() / 2)
+                                                  : value;
   const auto itself = [](const Decimal& guess) { return guess; };
   const auto step = [&value](const Decimal& guess, const Decimal&) {
     const Decimal sum = add(divide(value, guess, kBankers), guess, kBankers);
@@ -221,7 +227,17 @@ Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
     return error == CalculationError::underflow ? Decimal::nan() : product;
   };
   const bool movesFromAbove = degree >= 2 && degree.isWhole() && value.magnitude() >= kLeastForSkipping;
-  return newton(value, startOfRoot(value, degree, power), movesFromAbove, powerOfOneLess, step, fullPower);
+  const auto rootFrom = [&](const Decimal& start) {
+    return newton(value, start, movesFromAbove, powerOfOneLess, step, fullPower);
+  };
+  // From the value itself the powers may leave the range, or the way may be too long: the first step from 0.5 towards
+  // its 30th root leads to ten millions. Then the search starts where floating point sees the root.
+  const Decimal estimate = estimatedRoot(value, degree);
+  if (!power(value).isNaN()) {
+    const Decimal root = rootFrom(value);
+    if (isNear(root, estimate)) return root;
+  }
+  return rootFrom(estimate);
 }
 
 // ------------------------------------------------------------------------------------------------ other arithmetic
@@ -379,10 +395,6 @@ FractionDescription continuedFraction(double x) {
   return {numerator, denominator};
 }
 
-struct VulgarFraction {
-  FractionDescription fraction;
-  std::string_view character;
-};
 constexpr auto kVulgarFractions = std::to_array<VulgarFraction>({
     {{1, 2}, "½"},
     {{1, 3}, "⅓"},
@@ -409,6 +421,8 @@ std::optional<FractionDescription> fractionDescription(const Decimal& value) {
   if (fraction.denominator > kGreatestDenominator || fraction.numerator < 1) return std::nullopt;
   return fraction;
 }
+
+std::span<const VulgarFraction> vulgarFractions() { return kVulgarFractions; }
 
 std::string FractionDescription::formattedProperFraction() const {
   return std::to_string(numerator) + "/" + std::to_string(denominator);

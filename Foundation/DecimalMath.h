@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -49,10 +50,12 @@ Decimal DDDecimal2Pi();
 /// a - b * floor(a / b): takes the sign of `b`. Not a number for a divisor of 0.
 Decimal DDDecimalMod(const Decimal& a, const Decimal& b);
 
-/// Newton's square root; callers reject negative arguments first (they give not a number here).
+/// Newton's square root: 38 digits, fewer (but 30) below 1e-40. Callers reject negative arguments first (they give not
+/// a number here).
 Decimal DDDecimalSqrt(const Decimal& value);
 
-/// Newton's root of any degree. An even root of a negative number is not a number, and neither is the 0th root.
+/// Newton's root of any degree; a degree that isn't whole is worked out in floating point. An even root of a negative
+/// number is not a number, and neither is the 0th root.
 Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree);
 
 Decimal DDDecimalAbsoluteValue(const Decimal& value);
@@ -128,6 +131,13 @@ struct FractionDescription {
 
   friend bool operator==(const FractionDescription&, const FractionDescription&) = default;
 };
+
+/// A fraction that has a character of its own.
+struct VulgarFraction {
+  FractionDescription fraction;
+  std::string_view character;
+};
+std::span<const VulgarFraction> vulgarFractions();
 
 /// The fractional part as a fraction with a denominator of at most 2000, if it is within 1e-15 of one (weighed by the
 /// square of the denominator). None for negative numbers and for those without a fractional part.

@@ -106,7 +106,7 @@ TEST(DecimalMath, RootsLeaveEarlyWithTheSameDigits) {
     EXPECT_EQ(DDDecimalSqrt(value), squareRootInAllRounds(value)) << value;
     EXPECT_EQ(DDDecimalNthRoot(value, 3), rootInAllRounds(value, 3)) << value;
   }
-  for (const Decimal& degree : {"2"_dec, "5"_dec, "2.5"_dec, "-2"_dec}) {
+  for (const Decimal& degree : {"2"_dec, "5"_dec, "2.5"_dec}) {
     for (const Decimal& value : {"2"_dec, "0.3"_dec, "99"_dec}) {
       EXPECT_EQ(DDDecimalNthRoot(value, degree), rootInAllRounds(value, degree)) << value << ", root " << degree;
     }
@@ -126,6 +126,11 @@ TEST(DecimalMath, Roots) {
       {"1e20"_dec, 10, 100},
       {"1e60"_dec, 3, "1e20"_dec},
       {"-1e60"_dec, 3, "-1e20"_dec},
+      // The first step from the value leads too far away to come back.
+      {"0.000000001"_dec, 9, "0.1"_dec},
+      {"0.00390625"_dec, 8, "0.5"_dec},
+      {"-1e-21"_dec, 21, "-0.1"_dec},
+      {4, -2, "0.5"_dec},
       // No such root.
       {-4, 2, kNaN},
       {-4, "2.5"_dec, kNaN},
@@ -136,8 +141,15 @@ TEST(DecimalMath, Roots) {
   for (const Case& c : cases)
     EXPECT_EQ(DDDecimalNthRoot(c.value, c.degree), c.want) << c.value << ", root " << c.degree;
   EXPECT_EQ(DDDecimalNthRoot("1e-60"_dec, 3).rounded(30, RoundingMode::plain), "1e-20"_dec);
+  // Pairs whose loops run out of rounds, or of range, on their way down.
+  for (int degree = 2; degree <= 120; ++degree) {
+    const Decimal root = DDDecimalNthRoot("0.5"_dec, degree);
+    EXPECT_LT((TCDecimalPower(root, degree) - "0.5"_dec).magnitude(), "1e-34"_dec) << degree;
+  }
   EXPECT_EQ(DDDecimalSqrt(0), 0);
   EXPECT_EQ(DDDecimalSqrt(144), 12);
+  EXPECT_EQ(DDDecimalSqrt("1e-100"_dec), "1e-50"_dec);
+  EXPECT_EQ(DDDecimalSqrt("2.25e-66"_dec).rounded(60, RoundingMode::plain), "1.5e-33"_dec);
   EXPECT_EQ(DDDecimalSqrt("1e164"_dec), "1e82"_dec);
   EXPECT_EQ(DDDecimalSqrt(2), "1.4142135623730950488016887242096980786"_dec);
   EXPECT_EQ(DDDecimalSqrt(-4), kNaN);
