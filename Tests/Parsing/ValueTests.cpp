@@ -190,26 +190,6 @@ TEST(SIThresholdTest, RawValuesArePowersOfTen) {
   EXPECT_FALSE(siThresholdFromRawValue("10000"));
 }
 
-TEST(SIThresholdTest, AbbreviatesWithTheLargestLetterThatFits) {
-  struct Case {
-    std::string_view number;
-    std::optional<std::string> want;
-  };
-  const Case cases[] = {
-      {"1500000", "1.5M"}, {"100000", "100k"},    {"999999", "999.999k"},
-      {"1000", "1k"},      {"999.9", {}},         {"0", {}},
-      {"0.5", {}},         {"-2500", "-2.5k"},    {"-12000000", "-12M"},
-      {"3e9", "3G"},       {"1234e12", "1,234T"}, {"-999", {}},
-  };
-  const Locale english("en_US");
-  for (const Case& c : cases) {
-    EXPECT_EQ(siFormattedNumber(dec(c.number), english, 3), c.want) << c.number;
-  }
-  EXPECT_EQ(siFormattedNumber(dec("1234567"), english, 1), "1.2M");
-  EXPECT_EQ(siFormattedNumber(dec("1500000"), Locale("de_DE"), 3), "1,5M");
-  EXPECT_FALSE(siFormattedNumber(Decimal::nan(), english, 3));
-}
-
 TEST(CalendarEnvironmentTest, AHolidayIsADayOfOneYear) {
   const Calendar calendar(Calendar::Identifier::gregorian);
   const CalendarEnvironment environment(

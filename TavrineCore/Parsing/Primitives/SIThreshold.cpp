@@ -4,8 +4,6 @@
 #include <array>
 #include <cstddef>
 
-#include "Foundation/NumberFormatter.h"
-
 namespace tavrine {
 
 namespace {
@@ -85,27 +83,6 @@ std::optional<Decimal> numberForFormatting(SIThreshold threshold, const Decimal&
   const Decimal multiple = number / valueOf(threshold);
   if (multiple.magnitude() < Decimal(1)) return std::nullopt;
   return multiple;
-}
-
-std::optional<std::string> siFormattedNumber(const Decimal& number, const Locale& locale, int maximumFractionDigits) {
-  struct Suffix {
-    SIThreshold threshold;
-    char letter;
-  };
-  constexpr std::array<Suffix, 4> kSuffixes = {{
-      {SIThreshold::trillion, 'T'},
-      {SIThreshold::billion, 'G'},
-      {SIThreshold::million, 'M'},
-      {SIThreshold::thousand, 'k'},
-  }};
-  for (const Suffix& suffix : kSuffixes) {
-    const std::optional<Decimal> multiple = numberForFormatting(suffix.threshold, number);
-    if (!multiple) continue;
-    NumberFormatter formatter(locale.identifier());
-    formatter.maximumFractionDigits = maximumFractionDigits;
-    return formatter.string(*multiple) + suffix.letter;
-  }
-  return std::nullopt;
 }
 
 }  // namespace tavrine

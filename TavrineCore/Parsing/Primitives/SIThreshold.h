@@ -2,11 +2,9 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "Foundation/Decimal.h"
-#include "Foundation/Locale.h"
 #include "TavrineCore/Imports.h"
 
 namespace tavrine {
@@ -43,9 +41,5 @@ std::optional<SIThreshold> thresholdForSIPrefix(std::string_view prefix);
 
 /// The number in multiples of the threshold: 1.5 for 1500 and `thousand`. Absent below one whole multiple.
 std::optional<Decimal> numberForFormatting(SIThreshold threshold, const Decimal& number);
-
-/// The number in the largest of trillions, millions, ... with the letter of that behind it: "1.5M", "999.999k". Absent
-/// below a thousand.
-std::optional<std::string> siFormattedNumber(const Decimal& number, const Locale& locale, int maximumFractionDigits);
 
 }  // namespace tavrine
