@@ -20,10 +20,8 @@ using testing::contextFor;
 using testing::number;
 using testing::Settings;
 
-std::string shown(std::string_view value, const Settings &settings = {},
-                  std::string_view locale = "en_US") {
-  return DecimalResultFormatter::formatted(
-      number(value), settings.preferences(), Locale(locale));
+std::string shown(std::string_view value, const Settings& settings = {}, std::string_view locale = "en_US") {
+  return DecimalResultFormatter::formatted(number(value), settings.preferences(), Locale(locale));
 }
 
 TEST(DecimalFormatting, ChoosesTheStyleBySize) {
@@ -57,18 +55,15 @@ TEST(DecimalFormatting, ChoosesTheStyleBySize) {
       {"1.0001e34", scientific, {.abbreviates = false}},
       {"-1.0001e34", scientific, {.abbreviates = false}},
   };
-  for (const Case &c : cases) {
-    EXPECT_EQ(
-        DecimalResultFormatter::formattingStyleFor(
-            number(c.value), c.settings.preferences().notationPreferences),
-        c.want)
+  for (const Case& c : cases) {
+    EXPECT_EQ(DecimalResultFormatter::formattingStyleFor(number(c.value), c.settings.preferences().notationPreferences),
+              c.want)
         << c.value;
   }
   // `on` is no other word for `off`.
   NotationPreferences on;
   on.notationStyle = NotationPreferences::NotationStyle::on;
-  EXPECT_EQ(DecimalResultFormatter::formattingStyleFor(number("100000"), on),
-            si);
+  EXPECT_EQ(DecimalResultFormatter::formattingStyleFor(number("100000"), on), si);
 }
 
 TEST(DecimalFormatting, WritesNumbersAsTheLocaleDoes) {
@@ -105,15 +100,11 @@ TEST(DecimalFormatting, WritesNumbersAsTheLocaleDoes) {
       {"en_US", "1e15", "1,000,000,000,000,000", {.abbreviates = false}},
       {"en_US", "1234.5", "1,234.5", {.dp = std::numeric_limits<int>::max()}},
   };
-  for (const Case &c : cases)
-    EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want)
-        << c.locale << ' ' << c.value;
+  for (const Case& c : cases) EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
 
   // Padding has an end, whatever a host sets.
-  EXPECT_LT(shown("0.5", {.minimum = std::numeric_limits<int>::max()}).size(),
-            1000u);
-  EXPECT_LT(shown("1e20", {.minimum = std::numeric_limits<int>::max()}).size(),
-            1000u);
+  EXPECT_LT(shown("0.5", {.minimum = std::numeric_limits<int>::max()}).size(), 1000u);
+  EXPECT_LT(shown("1e20", {.minimum = std::numeric_limits<int>::max()}).size(), 1000u);
 }
 
 TEST(DecimalFormatting, Abbreviates) {
@@ -137,9 +128,7 @@ TEST(DecimalFormatting, Abbreviates) {
       // The letter is chosen before rounding.
       {"en_US", "999999", "1,000k", {.dp = 0}},
   };
-  for (const Case &c : cases)
-    EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want)
-        << c.locale << ' ' << c.value;
+  for (const Case& c : cases) EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
 }
 
 TEST(DecimalFormatting, WritesLargeAndSmallNumbersScientifically) {
@@ -156,16 +145,13 @@ TEST(DecimalFormatting, WritesLargeAndSmallNumbersScientifically) {
       {"en_US", "123456789012345678", "1.2345678901E17"},
       {"en_US", "2e34", "2E34", {.abbreviates = false}},
   };
-  for (const Case &c : cases)
-    EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want)
-        << c.locale << ' ' << c.value;
+  for (const Case& c : cases) EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
 
   // What was asked for in this notation is shown in it, whatever its size and
   // the preferences.
-  const auto formatted = [](std::string_view value, const Settings &settings) {
-    return DecimalResultFormatter::formattedResult(
-        EvaluationResult::scientificNotation(number(value)),
-        contextFor("en_US", settings.preferences()));
+  const auto formatted = [](std::string_view value, const Settings& settings) {
+    return DecimalResultFormatter::formattedResult(EvaluationResult::scientificNotation(number(value)),
+                                                   contextFor("en_US", settings.preferences()));
   };
   EXPECT_EQ(formatted("12345", {.abbreviates = false}), "1.2345E4");
   EXPECT_EQ(formatted("7", {}), "7E0");
@@ -173,39 +159,27 @@ TEST(DecimalFormatting, WritesLargeAndSmallNumbersScientifically) {
 }
 
 TEST(DecimalFormatting, CallsWhatIsNoNumberInfinity) {
-  EXPECT_EQ(
-      DecimalResultFormatter::formatted(Decimal::nan(), {}, Locale("de_DE")),
-      "Error: ∞");
-  EXPECT_EQ(DecimalResultFormatter::formattedResult(
-                EvaluationResult::scientificNotation(Decimal::nan()),
-                contextFor("en_US")),
+  EXPECT_EQ(DecimalResultFormatter::formatted(Decimal::nan(), {}, Locale("de_DE")), "Error: ∞");
+  EXPECT_EQ(DecimalResultFormatter::formattedResult(EvaluationResult::scientificNotation(Decimal::nan()),
+                                                    contextFor("en_US")),
             "Error: ∞");
-  EXPECT_EQ(DecimalResultFormatter::formattedAsDecimal(Decimal::nan(), {},
-                                                       Locale("en_US")),
-            std::nullopt);
-  EXPECT_EQ(DecimalResultFormatter::formattedAsFraction(Decimal::nan(), {},
-                                                        Locale("en_US")),
-            std::nullopt);
+  EXPECT_EQ(DecimalResultFormatter::formattedAsDecimal(Decimal::nan(), {}, Locale("en_US")), std::nullopt);
+  EXPECT_EQ(DecimalResultFormatter::formattedAsFraction(Decimal::nan(), {}, Locale("en_US")), std::nullopt);
 }
 
 // What is shown in full reads back as the number that it was rounded to.
 TEST(DecimalFormatting, ReadsBack) {
   std::mt19937_64 random(20240229);
   const Settings settings{.dp = 12, .abbreviates = false};
-  for (const std::string_view identifier :
-       {"en_US", "de_DE", "fr_FR", "de_CH", "es_ES", "en_IN", "ru_RU"}) {
+  for (const std::string_view identifier : {"en_US", "de_DE", "fr_FR", "de_CH", "es_ES", "en_IN", "ru_RU"}) {
     const Locale locale(identifier);
     for (int i = 0; i < 400; ++i) {
-      const auto mantissa =
-          static_cast<std::int64_t>(random() >> (random() % 63 + 1));
+      const auto mantissa = static_cast<std::int64_t>(random() >> (random() % 63 + 1));
       const int exponent = -static_cast<int>(random() % 20);
-      const Decimal value = Decimal::fromParts(static_cast<UInt128>(mantissa),
-                                               exponent, random() % 2 == 0);
-      const std::string text = DecimalResultFormatter::formatted(
-          value, settings.preferences(), locale);
+      const Decimal value = Decimal::fromParts(static_cast<UInt128>(mantissa), exponent, random() % 2 == 0);
+      const std::string text = DecimalResultFormatter::formatted(value, settings.preferences(), locale);
       const Decimal wanted = value.rounded(12, RoundingMode::plain);
-      EXPECT_EQ(parseStrict(text, numberSymbolsFor(locale)), wanted)
-          << identifier << ' ' << value << " as " << text;
+      EXPECT_EQ(parseStrict(text, numberSymbolsFor(locale)), wanted) << identifier << ' ' << value << " as " << text;
     }
   }
 }
@@ -213,10 +187,8 @@ TEST(DecimalFormatting, ReadsBack) {
 TEST(DecimalFormatting, FollowsTheLocaleFromCallToCall) {
   const Locale english("en_US"), german("de_DE");
   for (int round = 0; round < 3; ++round) {
-    EXPECT_EQ(DecimalResultFormatter::formatted(number("0.5"), {}, english),
-              "0.5");
-    EXPECT_EQ(DecimalResultFormatter::formatted(number("0.5"), {}, german),
-              "0,5");
+    EXPECT_EQ(DecimalResultFormatter::formatted(number("0.5"), {}, english), "0.5");
+    EXPECT_EQ(DecimalResultFormatter::formatted(number("0.5"), {}, german), "0,5");
   }
 }
 
@@ -226,13 +198,11 @@ TEST(CommonFormattedResults, HoldsTheNumbersBelowAThousand) {
     ASSERT_TRUE(text.has_value()) << i;
     EXPECT_EQ(*text, std::to_string(i));
   }
-  for (const std::string_view other :
-       {"1000", "-1", "0.5", "1e10", "1e127", "18446744073709551617"}) {
-    EXPECT_EQ(CommonFormattedResultsCache::find(number(other)), std::nullopt)
-        << other;
+  for (const std::string_view other : {"1000", "-1", "0.5", "1e10", "1e127", "18446744073709551617"}) {
+    EXPECT_EQ(CommonFormattedResultsCache::find(number(other)), std::nullopt) << other;
   }
   EXPECT_EQ(CommonFormattedResultsCache::find(Decimal::nan()), std::nullopt);
 }
 
-} // namespace
-} // namespace tavrine
+}  // namespace
+}  // namespace tavrine
