@@ -151,6 +151,9 @@ TEST(FixturesList, UnderstandsEnglish) {
       {"**", Fixture::powerOperator},
       {"less than", Fixture::reverseSubtractionOperator},
       {"is less than or equal to", Fixture::lessThanOrEqualOperator},
+      // Not the subtraction and the addition that end these phrases.
+      {"is not less than", Fixture::greaterThanOrEqualOperator},
+      {"no more than", Fixture::lessThanOrEqualOperator},
       {"≠", Fixture::notEqualToOperator},
       {"into", Fixture::converterSymbol},
       {"to", Fixture::converterWordTo},
