@@ -1,7 +1,10 @@
+#include <vector>
+
 #include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/Evaluation/ResultStatistics.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/Pairs.h"
-#include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
 #include "TavrineCore/Parsing/Primitives/List.h"
+#include "TavrineCore/Parsing/Primitives/StatisticType.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
 /// The pairs for operands that take anything beside them, and the end of the walk.
@@ -28,15 +31,10 @@ Answer listAndAnything(const PairOperands& operands) {
   const List* list = result.as<EvaluationResultCase::list>();
   if (list == nullptr) return Token();
 
-  // The blank token gives way to what it is added to.
-  Token total;
-  if (list->members) {
-    for (const EvaluationResult& member : *list->members) {
-      total = evaluatedPair(total, member.tokenized(), operands.operatorToken);
-    }
-  }
-  return evaluatedPair(total, operands.operandBesides(TokenType::list).evaluationResult().tokenized(),
-                       operands.operatorToken);
+  std::vector<EvaluationResult> members;
+  if (list->members) members = *list->members;
+  members.push_back(operands.operandBesides(TokenType::list).evaluationResult());
+  return reduceTo(members, StatisticType::total).tokenized();
 }
 
 Answer nothingAndAnythingPair(const PairOperands& operands) {

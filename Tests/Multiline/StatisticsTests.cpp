@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/Decimal.h"
+#include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/ResultStatistics.h"
+#include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Primitives/Fraction.h"
+#include "TavrineCore/Parsing/Primitives/Multiplier.h"
+#include "TavrineCore/Parsing/Primitives/Percentage.h"
+#include "TavrineCore/Parsing/Primitives/StatisticType.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine::testing {
+namespace {
+
+TCUnit unitNamed(std::string_view symbol) {
+  TCUnit::Record record;
+  record.symbol = symbol;
+  record.converter = {Decimal(1), Decimal(0)};
+  return TCUnit::counted(record);
+}
+
+/// "7", "20%", "f:0.75", "f:0.75 m", "5 km", "2x", "true", "clock", "day", "none", "text:…".
+EvaluationResult resultOf(const std::string& text) {
+  if (text == "none") return EvaluationResult::none();
+  if (text == "true") return EvaluationResult::boolean(true);
+  if (text == "clock" || text == "day") {
+    Datestamp datestamp{.date = Date(), .timezone = TimeZone::gmt()};
+    datestamp.type = text == "clock" ? DatestampType::clockTime : DatestampType::unspecified;
+    return EvaluationResult::date(datestamp);
+  }
+  if (text.starts_with("text:")) return EvaluationResult::rawString(text.substr(5));
+  const bool isFraction = text.starts_with("f:");
+  const std::string rest = isFraction ? text.substr(2) : text;
+  const std::size_t blank = rest.find(' ');
+  std::string digits = rest.substr(0, blank);
+  std::optional<TCUnit> unit;
+  if (blank != std::string::npos) unit = unitNamed(rest.substr(blank + 1));
+  const char last = digits.back();
+  if (last == '%' || last == 'x') digits.pop_back();
+  const Decimal value = *Decimal::parse(digits);
+  if (isFraction) return EvaluationResult::fraction(Fraction{value, unit});
+  if (last == '%') return EvaluationResult::percentage(Percentage{value / Decimal(100)});
+  if (last == 'x') return EvaluationResult::multiplier(Multiplier{value});
+  if (unit) return EvaluationResult::unitExpression(UnitExpression{value, *unit});
+  return EvaluationResult::decimal(value);
+}
+
+std::vector<EvaluationResult> resultsOf(std::string_view texts) {
+  std::vector<EvaluationResult> results;
+  while (!texts.empty()) {
+    const std::size_t comma = texts.find(',');
+    results.push_back(resultOf(std::string(texts.substr(0, comma))));
+    texts = comma == std::string_view::npos ? std::string_view() : texts.substr(comma + 1);
+  }
+  return results;
+}
+
+struct Case {
+  std::string_view results;
+  std::string want;
+};
+
+void expectEach(StatisticType statistic, const std::vector<Case>& cases) {
+  for (const Case& c : cases) {
+    const EvaluationResult got = reduceTo(resultsOf(c.results), statistic);
+    EXPECT_EQ(got, resultOf(c.want)) << toString(statistic) << " of " << c.results << " is "
+                                     << got.stringValue().value_or(std::string(toString(got.kind())));
+  }
+}
+
+TEST(Statistics, TotalAddsWhatCountsAndGoesOnPastTheRest) {
+  expectEach(StatisticType::total, {
+                                       {"", "none"},
+                                       {"none,none", "none"},
+                                       {"1,2,text:a,none,4", "7"},
+                                       {"text:a,true", "none"},
+                                       {"0.1,0.2", "0.3"},
+                                       {"10%,20%", "30%"},
+                                       {"f:0.5,f:0.25", "f:0.75"},
+                                       {"f:0.5 m,f:0.25 m", "f:0.75 m"},
+                                       {"f:0.5 m,f:0.25 s", "f:0.75"},
+                                       {"f:0.5,1", "f:1.5"},
+                                       {"1,f:0.5", "f:1.5"},
+                                       // What can't be added leaves the later one.
+                                       {"5,10%", "10%"},
+                                       {"10%,5,5", "10"},
+                                       {"2x,3", "3"},
+                                       {"3,2x", "3"},
+                                       {"10 kg,5 km", "5 km"},
+                                       // A day is no amount; a time of day counts.
+                                       {"3,day", "3"},
+                                       {"day", "none"},
+                                       {"3,clock", "clock"},
+                                       {"5 km,clock", "5 km"},
+                                   });
+}
+
+TEST(Statistics, AverageCountsWhatIsThere) {
+  expectEach(StatisticType::average, {{"1,2,6", "3"}, {"1,none,2,none", "1.5"}, {"10%,20%", "15%"}});
+  expectEach(StatisticType::count, {{"", "0"}, {"1,none,text:a,2", "3"}});
+}
+
+TEST(Statistics, MedianTakesTheMiddleByMagnitude) {
+  expectEach(StatisticType::median, {
+                                        {"", "none"},
+                                        {"text:a", "none"},
+                                        {"3", "3"},
+                                        {"10,1,3,2", "2.5"},
+                                        {"9,1,50%", "1"},
+                                        {"5 km,1,9", "5 km"},
+                                    });
+}
+
+TEST(Statistics, ExtremesAreResultsOfTheList) {
+  expectEach(StatisticType::lesser, {{"", "none"}, {"4", "4"}, {"4,2,9", "2"}, {"none,4,-1", "-1"}});
+  expectEach(StatisticType::greater, {{"", "none"}, {"4,2,9", "9"}, {"9,none,4", "9"}});
+}
+
+TEST(Statistics, CommonMultiplesAreOfWholeNumbers) {
+  expectEach(StatisticType::lcm, {
+                                     {"", "none"},
+                                     {"4,6,10", "60"},
+                                     {"-4,6", "12"},
+                                     {"4,text:a,6", "12"},
+                                     {"4,0", "none"},
+                                     {"4,0.5", "none"},
+                                     {"9223372036854775807,2", "none"},
+                                     {"1e30,2", "none"},
+                                 });
+  expectEach(StatisticType::gcd,
+             {{"12,18,27", "3"}, {"12,-18", "6"}, {"7", "7"}, {"0,5", "none"}, {"1.5,3", "none"}, {"", "none"}});
+}
+
+TEST(Statistics, VariablesCountWithTheirValue) {
+  Variable rent("rent", std::nullopt, Variable::VariableType::local);
+  const EvaluationResult without = EvaluationResult::variable(rent);
+  rent.definition = std::make_shared<const EvaluationResult>(EvaluationResult::decimal(Decimal(5)));
+  const std::vector<EvaluationResult> results{resultOf("2"), EvaluationResult::variable(rent), without};
+  EXPECT_EQ(reduceTo(results, StatisticType::total), resultOf("7"));
+}
+
+TEST(Statistics, AddingToAListAddsToItsTotal) {
+  const Token list(TokenType::list, TokenSubType::notSpecified, "1, 2", NSRange::zero,
+                   TokenList::frozen(
+                       std::vector<Token>{TokenFactory::numberWith(Decimal(1)), TokenFactory::numberWith(Decimal(2))}));
+  const Token four = TokenFactory::numberWith(Decimal(4));
+  const auto calculated = [&](TokenSubType operation) {
+    return evaluatedPair(list, four, operatorToken(operation, "")).evaluationResult();
+  };
+  EXPECT_EQ(calculated(TokenSubType::additionOperator), resultOf("7"));
+  EXPECT_EQ(calculated(TokenSubType::multiplicationOperator), EvaluationResult::error(EvaluationError::Other));
+}
+
+}  // namespace
+}  // namespace tavrine::testing
