@@ -90,12 +90,13 @@ CalculationResult Calculator::calculationResultFor(std::string_view expression, 
   std::string storage;
   auto tokens = std::make_shared<const TokenList>(
       parsingController_->parser().tokensFor(validText(expression, storage), variables));
-  CalculationResult result = evaluationController_->resultFor(std::move(tokens), formattingPreferences);
+  const EvaluationResult result = evaluationController_->evaluationResultFor(*tokens, formattingPreferences);
   const bool remembers = retainsHistoricalVariables && customization().featureFlags().variableDeclarations;
-  if (const Variable* declared = result.evaluationResult.variableValue(); remembers && declared != nullptr) {
+  // Looked for before formatting, which puts the value in the place of its variable.
+  if (const Variable* declared = result.variableValue(); remembers && declared != nullptr) {
     historicalVariables_->remember(*declared);
   }
-  return result;
+  return evaluationController_->formattedResultFor(result, std::move(tokens), formattingPreferences);
 }
 
 std::future<CalculationResult> Calculator::calculateInBackground(std::string expression,

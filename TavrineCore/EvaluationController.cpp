@@ -24,14 +24,23 @@ const FormattingPreferences& EvaluationController::formattingPreferencesToUseWit
 
 CalculationResult EvaluationController::resultFor(std::shared_ptr<const TokenList> originalList,
                                                   const std::optional<FormattingPreferences>& preferences) const {
-  // A line of comment words has no answer: `none` has no text, so nothing is asked of the formatters.
-  const bool saysSomething =
-      !originalList->isEmpty() && !originalList->onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace);
-  if (!saysSomething) return {{}, EvaluationResult::none(), std::move(originalList)};
+  const EvaluationResult result = evaluationResultFor(*originalList, preferences);
+  return formattedResultFor(result, std::move(originalList), preferences);
+}
 
+EvaluationResult EvaluationController::evaluationResultFor(
+    const TokenList& originalList, const std::optional<FormattingPreferences>& preferences) const {
+  const bool saysSomething =
+      !originalList.isEmpty() && !originalList.onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace);
+  if (!saysSomething) return EvaluationResult::none();
   const FormattingPreferences& inForce = formattingPreferencesToUseWith(preferences);
-  const EvaluationResult result = standardEvaluator_.evaluate(*originalList, &inForce);
-  return handleEvaluationResult(roundResultIfNecessary(result, inForce), std::move(originalList), inForce);
+  return roundResultIfNecessary(standardEvaluator_.evaluate(originalList, &inForce), inForce);
+}
+
+CalculationResult EvaluationController::formattedResultFor(
+    const EvaluationResult& result, std::shared_ptr<const TokenList> originalList,
+    const std::optional<FormattingPreferences>& preferences) const {
+  return handleEvaluationResult(result, std::move(originalList), formattingPreferencesToUseWith(preferences));
 }
 
 CalculationResult EvaluationController::evaluateInBackground(std::shared_ptr<const TokenList> originalList,

@@ -26,6 +26,15 @@ class EvaluationController {
   CalculationResult resultFor(std::shared_ptr<const TokenList> originalList,
                               const std::optional<FormattingPreferences>& preferences) const;
 
+  // The two halves of `resultFor`, for those who need what stands between. A declaration comes to its variable, while
+  // the answer holds that variable's value alone.
+
+  /// What the list comes to, rounded where the preferences want it; `none` for a list of comment words.
+  EvaluationResult evaluationResultFor(const TokenList& originalList,
+                                       const std::optional<FormattingPreferences>& preferences) const;
+  CalculationResult formattedResultFor(const EvaluationResult& result, std::shared_ptr<const TokenList> originalList,
+                                       const std::optional<FormattingPreferences>& preferences) const;
+
   /// The same with live data, which may be waited for on the caller's thread. What a provider throws becomes `failed`.
   CalculationResult evaluateInBackground(std::shared_ptr<const TokenList> originalList,
                                          const std::optional<FormattingPreferences>& preferences,

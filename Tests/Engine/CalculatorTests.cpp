@@ -7,7 +7,10 @@
 
 #include "TavrineCore/Calculator.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/EvaluationController.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Support/World.h"
 
 namespace tavrine {
@@ -76,6 +79,24 @@ TEST_F(CalculatorTest, VariablesThatNameThemselvesEnd) {
   list->setVariable(Variable("b", "a + 1", VariableType::global));
   list->setVariable(Variable("c", "c + 1", VariableType::global));
   EXPECT_EQ(calculator.calculate("a + b + c", list).stringValue, "3");
+}
+
+// A calculator remembers by the variable, and shows the value.
+TEST_F(CalculatorTest, ADeclarationComesToAVariableAndIsShownAsItsValue) {
+  using Assignment = VariableDeclarationTokenMetadata::VariableAssignmentOperatorType;
+  const EvaluationController controller(declaring(), nullptr);
+  const auto list = std::make_shared<const TokenList>(std::vector<Token>{
+      Token(TokenType::variableDeclaration, TokenSubType::notSpecified, "rent=5", {0, 6},
+            TokenList::frozen({Token(TokenType::declaredVariable, "rent", {0, 4}),
+                               Token(TokenType::variableAssignmentOperator, "=", {4, 1}), TokenFactory::numberWith(5)}),
+            std::make_shared<const VariableDeclarationTokenMetadata>(Assignment::vanilla, "rent", "5", true))});
+
+  const EvaluationResult result = controller.evaluationResultFor(*list, std::nullopt);
+  ASSERT_NE(result.variableValue(), nullptr);
+  EXPECT_EQ(result.variableValue()->name, "rent");
+  const CalculationResult answer = controller.resultFor(list, std::nullopt);
+  EXPECT_EQ(answer.stringValue, "5");
+  EXPECT_EQ(answer.evaluationResult, EvaluationResult::decimal(Decimal(5)));
 }
 
 TEST_F(CalculatorTest, AnotherCalculatorThanTheOneThatStandsByDefault) {
