@@ -8,4 +8,5 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/GlobalEngineState.h"
 #include "TavrineCore/ResultFormatting/FormattingPreferences.h"

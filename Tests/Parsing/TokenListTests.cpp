@@ -8,9 +8,11 @@
 #include <thread>
 #include <vector>
 
+#include "Foundation/Diagnostics.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/TokenListEnumerationCounterComplainer.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeCache.h"
 #include "Tests/Parsing/TokenPrinting.h"
 
@@ -566,6 +568,32 @@ TEST(TokenListTests, countsWalks) {
   EXPECT_EQ(walks, 0);  // the types already say no
   list.enumerateTokensOfType(TokenType::number, false, [](const Token&, bool&) {});
   EXPECT_EQ(walks, 1);
+}
+
+TEST(TokenListTests, complainsOfManyWalksAndOfPointlessOnes) {
+  std::vector<std::string> lines;
+  auto before = setDiagnosticSink([&lines](std::string_view line) { lines.emplace_back(line); });
+  const auto walk = [](TokenList& list, int times) {
+    while (times-- > 0) list.enumerateTokensOfType(TokenType::number, false, [](const Token&, bool&) {});
+  };
+  TokenList list = lineOf("1+2");
+  {
+    const TokenListEnumerationCounterComplainer silent(false, list);
+    walk(list, 9);
+    silent.complainIfNecessary();
+    TokenListEnumerationCounterComplainer complainer(true, list);
+    complainer.complainIfNecessary();
+    EXPECT_TRUE(lines.empty());
+    complainer.complainThreshold = 3;
+    walk(list, 2);
+    complainer.complainIfNecessary();
+    walk(list, 1);
+    list.removeAt(2);
+    complainer.complainIfNecessary();
+  }
+  setDiagnosticSink(std::move(before));
+  EXPECT_EQ(lines, (std::vector<std::string>{"Pointless scan for 1+2", "3 enumerations for 1+"}));
+  EXPECT_FALSE(list.onEnumerateTokens) << "the hook goes with the complainer";
 }
 
 // --- Searches -------------------------------------------------------------------------------------------------------
