@@ -165,6 +165,10 @@ TEST(TokenValueTests, expandsVariables) {
   TokenList list;
   list.append(TokenFactory::variable(undefined));
   EXPECT_FALSE(list.typePrecheck(TokenType::percentage));
+  // ... but not what a name held before it is declared anew.
+  list.append(Token(TokenType::declaredVariable, TokenSubType::notSpecified, "a", NSRange::zero, nullptr,
+                    std::make_shared<const VariableTokenMetadata>(tax)));
+  EXPECT_FALSE(list.typePrecheck(TokenType::percentage));
   list.append(token);
   EXPECT_TRUE(list.typePrecheck(TokenType::percentage));
 

@@ -104,8 +104,9 @@ void TokenList::rememberTypesOf(const Token& token) {
     unitTypesCache_.insert(unit->underlyingTCUnit.unitType());
   } else if (const auto* expression = token.metadataAs<UnitExpressionTokenMetadata>()) {
     unitTypesCache_.insert(expression->unitMetaData.underlyingTCUnit.unitType());
-  } else if (const auto* named = token.metadataAs<VariableTokenMetadata>()) {
-    typesEverPresent_.formUnion(named->typesInDefinition);
+  } else if (token.isVariable()) {
+    const auto* named = token.metadataAs<VariableTokenMetadata>();
+    if (named != nullptr) typesEverPresent_.formUnion(named->typesInDefinition);
   }
   if (!token.subtokens) return;
   deepTypesEverPresent_.formUnion(token.subtokens->deepTypesEverPresent_);
