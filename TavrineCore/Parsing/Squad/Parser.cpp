@@ -11,6 +11,7 @@
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Primitives/SubsheetList.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/SimpleTokens.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
@@ -33,13 +34,6 @@ std::size_t bracketDepth(std::string_view line) {
 bool isPending(const Subsheet& subsheet) {
   const std::optional<Token> result = tokenOfResult(subsheet);
   return result && result->type == TokenType::pending;
-}
-
-TokenList commentOver(std::string_view line) {
-  std::vector<Token> tokens;
-  tokens.emplace_back(TokenType::wordComment, std::string(line),
-                      NSRange{0, static_cast<std::uint32_t>(utf16Length(line))});
-  return TokenList(std::move(tokens));
 }
 
 }  // namespace

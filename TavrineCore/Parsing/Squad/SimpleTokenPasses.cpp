@@ -1,9 +1,11 @@
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
@@ -13,6 +15,7 @@
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Helpers/NumberDetector.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Primitives/SubsheetList.h"
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
@@ -53,29 +56,6 @@ std::optional<Token> functionToken(std::string_view fragment, NSRange range, con
   const TokenSubType subType =
       fragment == kSquareRootSign ? TokenSubType::squareRootSymbol : TokenSubType::notSpecified;
   return Token(TokenType::functionName, subType, std::string(fragment), range);
-}
-
-std::optional<StatisticType> statisticTypeOf(TokenSubType subType) {
-  switch (subType) {
-    case TokenSubType::statisticWordTotal:
-      return StatisticType::total;
-    case TokenSubType::statisticWordAverage:
-      return StatisticType::average;
-    case TokenSubType::statisticWordCount:
-      return StatisticType::count;
-    case TokenSubType::statisticWordMedian:
-      return StatisticType::median;
-    case TokenSubType::statisticWordLesser:
-      return StatisticType::lesser;
-    case TokenSubType::statisticWordGreater:
-      return StatisticType::greater;
-    case TokenSubType::statisticWordLCM:
-      return StatisticType::lcm;
-    case TokenSubType::statisticWordGCD:
-      return StatisticType::gcd;
-    default:
-      return std::nullopt;
-  }
 }
 
 bool isConstant(TokenSubType subType) {
@@ -184,6 +164,11 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
   return fixtureToken(fragment, range, context);
 }
 
+TokenList commentOver(std::string_view line) {
+  const NSRange range{0, static_cast<std::uint32_t>(utf16Length(line))};
+  return TokenList(std::vector<Token>{Token(TokenType::wordComment, std::string(line), range)});
+}
+
 namespace passes {
 
 void lexemesFor(TokenList&, const PassContext& context) {
@@ -191,6 +176,10 @@ void lexemesFor(TokenList&, const PassContext& context) {
 }
 
 void tokensForLexemes(TokenList& list, const PassContext& context) {
+  if (context.scratch.lexemes.size() > kMaximumTokenCount) {
+    list = commentOver(context.rawExpression);
+    return;
+  }
   std::vector<Token> tokens;
   tokens.reserve(context.scratch.lexemes.size());
   for (const Lexeme& lexeme : context.scratch.lexemes) {

@@ -15,4 +15,7 @@ struct PassContext;
 /// `unidentified`. Names of variables win over all words of the vocabulary.
 Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const PassContext& context);
 
+/// The whole line as one comment: what a line past the limits comes to, or one that no list of tokens covers.
+TokenList commentOver(std::string_view line);
+
 }  // namespace tavrine

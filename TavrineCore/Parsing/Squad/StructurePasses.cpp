@@ -1,12 +1,11 @@
 #include <optional>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "Foundation/Text.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Squad/SimpleTokens.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
@@ -59,14 +58,7 @@ void ensureTokensTileTheLine(TokenList& list, const PassContext& context) {
   if (lengthOfTexts(list) == length) return;
 
   TokenList simple = context.parser.simpleTokenListFrom(context.rawExpression, context.variables);
-  if (lengthOfTexts(simple) == length) {
-    list = std::move(simple);
-    return;
-  }
-  std::vector<Token> comment;
-  comment.emplace_back(TokenType::wordComment, std::string(context.rawExpression),
-                       NSRange{0, static_cast<std::uint32_t>(length)});
-  list = TokenList(std::move(comment));
+  list = lengthOfTexts(simple) == length ? std::move(simple) : commentOver(context.rawExpression);
 }
 
 }  // namespace tavrine::passes

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -7,6 +10,7 @@
 #include "TavrineCore/Parsing/Primitives/Resolution.h"
 #include "TavrineCore/Parsing/Primitives/StatisticType.h"
 #include "TavrineCore/Parsing/Tokens/TokenMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenType.h"
 
 namespace tavrine {
 
@@ -21,6 +25,23 @@ struct ResolutionTokenMetadata final : TokenMetadataOf<TokenMetadataKind::resolu
   explicit ResolutionTokenMetadata(Resolution resolution) : resolutionValue(std::move(resolution)) {}
   Resolution resolutionValue;
 };
+
+/// The subtypes of the words for statistics, in the order of `StatisticType`.
+inline constexpr auto statisticSubTypes = std::to_array<TokenSubType>(
+    {TokenSubType::statisticWordTotal, TokenSubType::statisticWordAverage, TokenSubType::statisticWordCount,
+     TokenSubType::statisticWordMedian, TokenSubType::statisticWordLesser, TokenSubType::statisticWordGreater,
+     TokenSubType::statisticWordLCM, TokenSubType::statisticWordGCD});
+static_assert(statisticSubTypes[static_cast<std::size_t>(StatisticType::gcd)] == TokenSubType::statisticWordGCD);
+
+[[nodiscard]] constexpr TokenSubType subTypeOf(StatisticType statistic) {
+  return statisticSubTypes[static_cast<std::size_t>(statistic)];
+}
+[[nodiscard]] constexpr std::optional<StatisticType> statisticTypeOf(TokenSubType subType) {
+  for (std::size_t i = 0; i < statisticSubTypes.size(); ++i) {
+    if (statisticSubTypes[i] == subType) return static_cast<StatisticType>(i);
+  }
+  return std::nullopt;
+}
 
 /// "average".
 struct StatisticTypeTokenMetadata final : TokenMetadataOf<TokenMetadataKind::statisticType> {

@@ -203,32 +203,6 @@ Token TokenFactory::pitchWith(const Pitch& pitch) {
   return madeWith<PitchTokenMetadata>(TokenType::pitch, pitch.notationString(), pitch);
 }
 
-namespace {
-
-TokenSubType subTypeOf(StatisticType statistic) {
-  switch (statistic) {
-    case StatisticType::total:
-      return TokenSubType::statisticWordTotal;
-    case StatisticType::average:
-      return TokenSubType::statisticWordAverage;
-    case StatisticType::count:
-      return TokenSubType::statisticWordCount;
-    case StatisticType::median:
-      return TokenSubType::statisticWordMedian;
-    case StatisticType::lesser:
-      return TokenSubType::statisticWordLesser;
-    case StatisticType::greater:
-      return TokenSubType::statisticWordGreater;
-    case StatisticType::lcm:
-      return TokenSubType::statisticWordLCM;
-    case StatisticType::gcd:
-      return TokenSubType::statisticWordGCD;
-  }
-  return TokenSubType::notSpecified;
-}
-
-}  // namespace
-
 Token TokenFactory::statisticTypeWith(StatisticType statistic) {
   return made(TokenType::statisticType, subTypeOf(statistic), "STATISTIC");
 }
