@@ -35,8 +35,14 @@ struct Calculator::HistoricalVariables {
   SerialQueue queue{"Historical Variables"};
   std::shared_ptr<VariableList> list = std::make_shared<VariableList>();
 
-  std::shared_ptr<const VariableList> current() const {
-    return queue.sync([this]() -> std::shared_ptr<const VariableList> { return list; });
+  /// Null while nothing is remembered.
+  std::shared_ptr<const VariableList> current() {
+    return queue.sync([this]() -> std::shared_ptr<const VariableList> {
+      if (list->isEmpty()) return nullptr;
+      // Given back inside the queue, so that what was read there has been read before the next change.
+      const auto giveBack = [this, held = list](const VariableList*) mutable { queue.sync([&held] { held.reset(); }); };
+      return {list.get(), giveBack};
+    });
   }
 
   void remember(const Variable& variable) {
@@ -73,13 +79,13 @@ CalculationResult Calculator::calculate(std::string_view expression, const std::
 
 std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
     const std::shared_ptr<VariableList>& explicitList, const std::shared_ptr<const VariableList>& historicalList) {
-  if (!explicitList) return historicalList->isEmpty() ? nullptr : historicalList;
+  if (!explicitList) return historicalList;
   if (!explicitList->isFullyDefined()) {
     explicitList->provideDefinitionsForValuesWith([this](const std::string& value) {
       return std::make_shared<const EvaluationResult>(calculationResultFor(value, emptyVariables()).evaluationResult);
     });
   }
-  if (historicalList->isEmpty()) return explicitList;
+  if (!historicalList) return explicitList;
 
   const std::shared_ptr<VariableList> both = historicalList->copy();
   explicitList->forEach([&both](const Variable& variable) { both->setVariable(variable); });
