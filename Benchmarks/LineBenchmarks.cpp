@@ -1,0 +1,106 @@
+// Whole lines, text in and answer out, through a calculator that has seen such lines before.
+
+#include <benchmark/benchmark.h>
+
+#include <array>
+#include <cstddef>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Benchmarks/Allocations.h"
+#include "TavrineCore/Calculator.h"
+
+namespace tavrine {
+namespace {
+
+/// An iteration is one line; what it allocates is told beside its time. Skipped with an error where the answer is not
+/// the one that the line is there for: a line that isn't understood is cheap, and its time says nothing.
+void calculateLine(benchmark::State& state, std::string_view line, std::string_view want) {
+  Calculator calculator(EngineCustomization::standard());
+  if (const std::string answer = calculator.calculate(line).stringValue; answer != want) {
+    state.SkipWithError(("the answer is " + answer).c_str());
+    return;
+  }
+  const std::size_t before = benchmarks::allocations();
+  for (auto _ : state) {
+    CalculationResult result = calculator.calculate(line);
+    benchmark::DoNotOptimize(result);
+  }
+  const auto allocations = static_cast<double>(benchmarks::allocations() - before);
+  state.counters["allocations"] = allocations / static_cast<double>(state.iterations());
+}
+
+BENCHMARK_CAPTURE(calculateLine, OnePlusTwo, "1 + 2", "3")->Name("BM_Line/OnePlusTwo");
+BENCHMARK_CAPTURE(calculateLine, Brackets, "2 * (3 + 4) * 5", "70")->Name("BM_Line/Brackets");
+BENCHMARK_CAPTURE(calculateLine, PlainWords,
+                  "the old plums under our crooked trees grow best where loamy soil keeps some rain and "
+                  "morning fog lingers long",
+                  "")
+    ->Name("BM_Line/PlainWords");
+
+constexpr std::array<std::string_view, 24> kPlainSums{
+    "12.50 + 7.25 + 3",
+    "1024 * 768",
+    "(12 + 8) * 3 - 7",
+    "99.99 * 12 / 4",
+    "2 ^ 10 - 24",
+    "1,250 + 3,475 + 890",
+    "3.14159 * 5 ^ 2",
+    "100 - 33.3 - 33.3",
+    "(5 + 3) * (7 - 2) / 4",
+    "86400 / 60 / 60",
+    "0.1 + 0.2 + 0.3 + 0.4",
+    "45 * 8 + 12 * 6.5",
+    "1000000 / 365",
+    "17 * 23 - 19 * 11",
+    "((2 + 3) * 4 - 6) / 7",
+    "1 / 3 + 1 / 6",
+    "250 * 1.19 - 17.50",
+    "12 * 12 * 12",
+    "5 - -3 + 2 * -4",
+    "1.5 + 2.25 * 4 - 0.125 / 2",
+    "640 * 480 * 3 / 1024",
+    "9.81 * 12 ^ 2 / 2",
+    "7 + 14 + 21 + 28 + 35 + 42",
+    "(1 + 0.05) ^ 10 * 1000",
+};
+
+void calculatePage(benchmark::State& state, const std::vector<std::string>& page) {
+  if (page.empty()) {
+    state.SkipWithError("no page");
+    return;
+  }
+  Calculator calculator(EngineCustomization::standard());
+  for (const std::string& line : page) benchmark::DoNotOptimize(calculator.calculate(line));
+  std::size_t next = 0;
+  for (auto _ : state) {
+    CalculationResult result = calculator.calculate(page[next]);
+    benchmark::DoNotOptimize(result);
+    if (++next == page.size()) next = 0;
+  }
+}
+
+void plainSums(benchmark::State& state) { calculatePage(state, {kPlainSums.begin(), kPlainSums.end()}); }
+BENCHMARK(plainSums)->Name("BM_Page/PlainSums");
+
+void mixedPage(benchmark::State& state) {
+  std::ifstream file(TAVRINE_SOURCE_DIR "/Benchmarks/mixed-page.txt");
+  std::vector<std::string> page;
+  for (std::string line; std::getline(file, line);) page.push_back(line);
+  calculatePage(state, page);
+}
+BENCHMARK(mixedPage)->Name("BM_Page/Mixed");
+
+void freshCalculator(benchmark::State& state) {
+  Calculator first(EngineCustomization::standard());
+  for (auto _ : state) {
+    Calculator calculator(EngineCustomization::standard());
+    benchmark::DoNotOptimize(calculator);
+  }
+}
+BENCHMARK(freshCalculator)->Name("BM_FreshCalculator");
+
+}  // namespace
+}  // namespace tavrine
