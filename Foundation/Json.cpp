@@ -27,18 +27,22 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
   bool RawNumber(const char* text, rapidjson::SizeType size, bool) {
     return add(Json::number(std::string_view(text, size)));
   }
-  bool String(const char* text, rapidjson::SizeType size, bool) { return add(Json::string(std::string(text, size))); }
+  bool String(const char* text, rapidjson::SizeType size, bool) {
+    return isText({text, size}) && add(Json::string(std::string(text, size)));
+  }
   bool StartArray() { return open(Json::array()); }
   bool EndArray(rapidjson::SizeType) { return close(); }
   bool StartObject() { return open(Json::object()); }
   bool Key(const char* text, rapidjson::SizeType size, bool) {
+    if (!isText({text, size})) return false;
     open_.back().key.assign(text, size);
     return true;
   }
   bool EndObject(rapidjson::SizeType) { return close(); }
 
   [[nodiscard]] Json takeRoot() { return std::move(root_); }
-  [[nodiscard]] bool isTooDeep() const noexcept { return tooDeep_; }
+  /// Why the builder ended the reading; empty when it didn't.
+  [[nodiscard]] std::string_view refusal() const noexcept { return refusal_; }
 
  private:
   /// Where the members of an object stand, from a size on at which walking them costs.
@@ -52,11 +56,18 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
 
   bool open(Json value) {
     if (open_.size() == Json::kMaximumDepth) {
-      tooDeep_ = true;
+      refusal_ = "The value is nested too deeply.";
       return false;
     }
     open_.push_back({std::move(value), {}, {}});
     return true;
+  }
+
+  /// The reader lets the second half of a surrogate pair pass that is written "\udc00" and has no first half.
+  bool isText(std::string_view text) {
+    if (isValidUtf8(text)) return true;
+    refusal_ = "A string holds half a character.";
+    return false;
   }
 
   bool close() {
@@ -93,7 +104,7 @@ class Builder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Builder> 
 
   std::vector<Open> open_;
   Json root_;
-  bool tooDeep_ = false;
+  std::string_view refusal_;
 };
 
 bool isJsonNumber(std::string_view text) noexcept {
@@ -237,12 +248,15 @@ JsonParseResult Json::parse(std::string_view text) {
   Builder builder;
   const rapidjson::ParseResult outcome = reader.Parse<flags>(bytes, builder);
   JsonParseResult result;
-  if (!outcome.IsError()) {
-    result.value = builder.takeRoot();
-  } else {
-    result.error =
-        builder.isTooDeep() ? "The value is nested too deeply." : rapidjson::GetParseError_En(outcome.Code());
+  if (outcome.IsError()) {
+    result.error = builder.refusal().empty() ? rapidjson::GetParseError_En(outcome.Code()) : builder.refusal();
     result.errorOffset = outcome.Offset();
+  } else if (bytes.Tell() < text.size()) {
+    // A NUL byte is the end of the text to the reader, and not to us.
+    result.error = rapidjson::GetParseError_En(rapidjson::kParseErrorDocumentRootNotSingular);
+    result.errorOffset = bytes.Tell();
+  } else {
+    result.value = builder.takeRoot();
   }
   return result;
 }

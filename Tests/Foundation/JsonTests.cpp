@@ -47,6 +47,10 @@ TEST(Json, RefusesWhatIsNoJson) {
       {"-", 1},
       {"+1", 0},
       {"\"a\nb\"", 2},
+      {"\"\\udc00\"", 7},
+      {"{\"\\udc00\":1}", 8},
+      {{"1 \0 2", 5}, 2},
+      {{"\"a\"\0", 4}, 3},
   };
   for (const Case& c : cases) {
     const JsonParseResult result = Json::parse(c.text);
