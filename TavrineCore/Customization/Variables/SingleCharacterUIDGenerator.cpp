@@ -20,6 +20,15 @@ constexpr std::array<Run, 3> kCircledNumbers = {{{0x2460, 20}, {0x3251, 15}, {0x
 static_assert(kCircledNumbers[0].count + kCircledNumbers[1].count + kCircledNumbers[2].count ==
               SingleCharacterUIDGenerator::maximumParameterIndex);
 
+std::optional<std::size_t> indexOfCircledNumber(char32_t scalar) noexcept {
+  std::size_t before = 0;
+  for (const Run& run : kCircledNumbers) {
+    if (scalar >= run.first && scalar < run.first + run.count) return before + (scalar - run.first) + 1;
+    before += run.count;
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 std::string SingleCharacterUIDGenerator::newUID() {
@@ -29,8 +38,11 @@ std::string SingleCharacterUIDGenerator::newUID() {
 
 bool SingleCharacterUIDGenerator::isUID(std::string_view symbol) {
   const std::optional<char32_t> scalar = singleScalar(symbol);
-  if (!scalar) return false;
-  return (*scalar >= firstPrivateSymbol && *scalar <= lastPrivateSymbol) || parameterIndexFor(symbol).has_value();
+  return scalar && isUID(*scalar);
+}
+
+bool SingleCharacterUIDGenerator::isUID(char32_t scalar) noexcept {
+  return (scalar >= firstPrivateSymbol && scalar <= lastPrivateSymbol) || indexOfCircledNumber(scalar).has_value();
 }
 
 std::string SingleCharacterUIDGenerator::parameterSymbol(std::size_t index) {
@@ -45,13 +57,7 @@ std::string SingleCharacterUIDGenerator::parameterSymbol(std::size_t index) {
 
 std::optional<std::size_t> SingleCharacterUIDGenerator::parameterIndexFor(std::string_view UID) {
   const std::optional<char32_t> scalar = singleScalar(UID);
-  if (!scalar) return std::nullopt;
-  std::size_t before = 0;
-  for (const Run& run : kCircledNumbers) {
-    if (*scalar >= run.first && *scalar < run.first + run.count) return before + (*scalar - run.first) + 1;
-    before += run.count;
-  }
-  return std::nullopt;
+  return scalar ? indexOfCircledNumber(*scalar) : std::nullopt;
 }
 
 }  // namespace tavrine

@@ -22,6 +22,7 @@ class SingleCharacterUIDGenerator {
 
   /// Whether the text is one character that is such a name or a parameter's.
   [[nodiscard]] static bool isUID(std::string_view symbol);
+  [[nodiscard]] static bool isUID(char32_t scalar) noexcept;
 
   /// The symbol of the parameter, counted from 1: the circled number "①" for 1. Empty outside 1 to 50.
   [[nodiscard]] static std::string parameterSymbol(std::size_t index);

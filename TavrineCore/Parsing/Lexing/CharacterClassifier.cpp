@@ -4,17 +4,12 @@
 #include <cstddef>
 
 #include "Foundation/Text.h"
+#include "TavrineCore/Customization/Variables/SingleCharacterUIDGenerator.h"
 #include "TavrineCore/Imports.h"
 
 namespace tavrine {
 
 namespace {
-
-/// The private scalars that stand for other lines, and the circled numbers that stand for parameters.
-constexpr bool isInternalReference(char32_t scalar) {
-  return (scalar >= 0xE000 && scalar <= 0xF800) || (scalar >= 0x2460 && scalar <= 0x2473) ||
-         (scalar >= 0x3251 && scalar <= 0x325F) || (scalar >= 0x32B1 && scalar <= 0x32BF);
-}
 
 /// U+0080 ... U+00FF. The degree sign and its look-alike, the ordinal mark º, are symbols both, so that "5º" reads as
 /// degrees.
@@ -55,7 +50,7 @@ constexpr auto kTable = [] {
 
 CharacterType typeByProperties(char32_t scalar, bool isSingleScalar) {
   if (isWhitespace(scalar)) return CharacterType::whitespace;
-  if (isSingleScalar && isInternalReference(scalar)) return CharacterType::internalReference;
+  if (isSingleScalar && SingleCharacterUIDGenerator::isUID(scalar)) return CharacterType::internalReference;
   if (hasNumericType(scalar)) return CharacterType::number;
   if (isAlphabetic(scalar)) return CharacterType::letter;
   constexpr char32_t kFancyApostrophe = 0x2019;
