@@ -15,6 +15,10 @@ bool isMatchedByWords(const Variable& variable) { return variable.type != Variab
 
 bool isMultiWord(const Variable& variable) { return isMatchedByWords(variable) && variable.isPhrase.value_or(false); }
 
+bool isTagWithHash(const Variable& variable) {
+  return variable.type == Variable::VariableType::tag && variable.name.starts_with('#');
+}
+
 }  // namespace
 
 VariableList::VariableList(std::vector<Variable> variables) { setVariables(std::move(variables)); }
@@ -23,6 +27,7 @@ std::shared_ptr<VariableList> VariableList::copy() const {
   auto list = std::make_shared<VariableList>();
   list->variableMap_ = variableMap_;
   list->multiWordCount_ = multiWordCount_;
+  list->unhashedTags_ = unhashedTags_;
   return list;
 }
 
@@ -41,6 +46,7 @@ void VariableList::store(std::shared_ptr<const Variable> variable) {
   // The key is a view into the variable, so that a replaced variable takes its key with it.
   clearVariable(variable->name);
   if (isMultiWord(*variable)) ++multiWordCount_;
+  if (isTagWithHash(*variable)) unhashedTags_.insert(variable->name);
   const std::string_view name = variable->name;
   variableMap_.emplace(name, std::move(variable));
 }
@@ -49,6 +55,7 @@ void VariableList::clearVariable(std::string_view name) {
   const auto found = variableMap_.find(name);
   if (found == variableMap_.end()) return;
   if (isMultiWord(*found->second)) --multiWordCount_;
+  if (isTagWithHash(*found->second)) unhashedTags_.erase(found->second->name);
   // The name handed in may be the key itself, which must outlive the node.
   const std::shared_ptr<const Variable> variable = found->second;
   variableMap_.erase(found);

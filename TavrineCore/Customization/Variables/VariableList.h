@@ -8,7 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "Foundation/StringMap.h"
 #include "TavrineCore/Customization/Variables/Variable.h"
+#include "TavrineCore/Imports.h"
 
 namespace tavrine {
 
@@ -53,6 +55,8 @@ class VariableList {
   [[nodiscard]] std::vector<Variable> multiWordVariables(bool reverseSortByLength) const;
   /// Whether `multiWordVariables` has any: at no cost.
   [[nodiscard]] bool hasMultiWordVariables() const { return multiWordCount_ != 0; }
+  /// The names of the tags that a line may mention without their "#" where it asks for a statistic: "#food".
+  [[nodiscard]] const StringSet& unhashedTags() const { return unhashedTags_; }
   /// The local and global ones, in the order of `forEach`.
   [[nodiscard]] std::vector<Variable> variablesExludingLineReferences() const;
 
@@ -78,6 +82,7 @@ class VariableList {
   // Sorted at all times, so that reading never has to fill a cache. The keys lie in the variables.
   std::map<std::string_view, std::shared_ptr<const Variable>, std::greater<>> variableMap_;
   std::size_t multiWordCount_ = 0;
+  StringSet unhashedTags_;
 };
 
 }  // namespace tavrine

@@ -80,6 +80,15 @@ TokenList Parser::simpleTokenListFrom(std::string_view expression, const Variabl
   return run(ParsePhase::simple, expression, variables, nullptr);
 }
 
+TokenList Parser::tokenListForPrototypeMatching(std::string_view expression) {
+  const bool isChinese = Locale::current().isChinese();
+  const Parser parser(isChinese ? EngineCustomization::basic() : EngineCustomization::usStandard());
+  TokenList list = parser.simpleTokenListFrom(expression, VariableList());
+  identifyLabels(list);
+  list.wrapBracketsInSubexpressions();
+  return list;
+}
+
 TokenList Parser::parseInBackground(std::string_view rawExpression, const VariableList& variables) const {
   TokenList list = tokensFor(rawExpression, variables);
   if (!evaluatePendingSubsheetsIn(list, variables)) return list;

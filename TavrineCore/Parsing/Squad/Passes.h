@@ -57,6 +57,73 @@ void identifyResolutionsIn(TokenList& list, const PassContext& context);
 /// "3 1/2", the "4/2" of "8/4/2".
 void identifyFractionsIn(TokenList& list, const PassContext& context);
 
+// OperatorPasses.cpp
+/// "*" and "*" → "**", where the vocabulary knows it.
+void identifyMultiCharacterOperatorsInAsterisks(TokenList& list, const PassContext& context);
+/// "=" and its neighbour → "==", "<=", ">=", "!=". An "=" beside anything else stays.
+void identifyMultiCharacterOperatorsAtEquals(TokenList& list, const PassContext& context);
+/// "and" and "or" become operators in a line that compares: "1 > 0 and 2 > 1", but not "5 and 6". A doubled sign
+/// becomes one operator: "&&", "||", "<<", ">>".
+void identifyConjunctionsAsLogicalOperatorsIn(TokenList& list, const PassContext& context);
+/// "!" before a bracket or a truth value. Counts on: "!" has become a comment word, brackets are folded.
+void identifyLogicalNotOperatorIn(TokenList& list, const PassContext& context);
+
+// FixturePasses.cpp
+/// "greater than" → one operator: the longest phrase of the vocabulary that begins at a word.
+void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContext& context);
+/// Words that are cut too long or too short where no white space parts them.
+void identifyExtraFixturesInChinese(TokenList& list, const PassContext& context);
+
+// VariablePasses.cpp
+/// "monthly rent" → one `variable`, where there is one of that name. Longer names win.
+void identifyMultiWordVariablesIn(TokenList& list, const PassContext& context);
+/// Variables give way to their values, so that "x km" is a quantity. The name in front of "=" stays.
+void expandVariables(TokenList& list, const PassContext& context);
+/// The names come back. Counts on the scratch: what stood where.
+void unexpandVariables(TokenList& list, const PassContext& context);
+
+// CommentPasses.cpp
+/// "// …" to the end of the line → `slashComment`. Not behind a colon, and not without white space behind the slashes.
+void identifySlashCommentsIn(TokenList& list, const PassContext& context);
+/// The same where "//" is one word.
+void identifySlashCommentsInWords(TokenList& list, const PassContext& context);
+/// What nothing has recognised → `wordComment`; "#food" → `hashtag`.
+void transformUnidentifiedTokensIntoWordComments(TokenList& list, const PassContext& context);
+/// Text between two quotation marks → `legacyQuotationComment`; a mark without a partner stays.
+void identifyLegacyQuotationComments(TokenList& list, const PassContext& context);
+/// "food" → `hashtag`, where "#food" is a tag: statistics take the plain word for it.
+void identifyUnhashedTagsIn(TokenList& list, const PassContext& context);
+/// "(some words)", "(5 km)" → `bracketComment`; not "($5)", "2 * (a b)". Counts on the clean-up.
+void identifyBracketCommentsIn(TokenList& list, const PassContext& context);
+
+// LabelPasses.cpp
+/// "Rent" and ":" → `label`.
+void identifyLabelsIn(TokenList& list, const PassContext& context);
+/// All up to the last label → `labelExpression`: "5 apples: 3" is 3.
+void identifyLabelExpressionsIn(TokenList& list, const PassContext& context);
+
+// ListPasses.cpp
+/// "1, 2 and 3" behind a word that works on lists → `list`. One value alone is none.
+void identifyLists(TokenList& list, const PassContext& context);
+
+// ConverterPasses.cpp
+/// "in km", "as a fraction" → `converter`, where something stands to convert. Counts on: phrases that hold "in" or "to"
+/// are functions by now.
+void identifyConvertersIn(TokenList& list, const PassContext& context);
+
+// DeclarationPasses.cpp
+/// "x = 5" → `variableDeclaration`, "x = ?" → `remoteQuery`. Counts on everything that can stand on the right side.
+void identifyVariableDeclarations(TokenList& list, const PassContext& context);
+
+// ConditionalPasses.cpp
+/// From the first "if" or "unless" on → `conditionalExpression`, if there is a "then" or an "else"; with a declaration
+/// in front, both → `conditionalVariableDeclaration`.
+void identifyConditionalExpressionsIn(TokenList& list, const PassContext& context);
+
+// CleanUpPasses.cpp
+/// What was recognised and not used → back to comments.
+void deidentifyStragglers(TokenList& list, const PassContext& context);
+
 // StructurePasses.cpp
 /// Balanced brackets become `subexpression` tokens.
 void wrapBracketsInSubexpressions(TokenList& list, const PassContext& context);

@@ -210,7 +210,7 @@ class TokenList {
   [[nodiscard]] const Token* lastValidAnswerToken() const;
   void trimWhitespace();
 
-  /// The condition of "if … then … else": behind "if" or "unless", up to "then" or the end.
+  /// The condition of "if … then … else": behind "if" or "unless", up to "then", failing that "else" or the end.
   [[nodiscard]] std::optional<TokenList> ifClause() const;
   [[nodiscard]] std::optional<TokenList> thenClause() const;
   [[nodiscard]] std::optional<TokenList> elseClause() const;

@@ -258,8 +258,12 @@ std::optional<TokenList> TokenList::clauseBehind(const TokenSubTypeSet& keywords
 }
 
 std::optional<TokenList> TokenList::ifClause() const {
+  // Without a "then" the "else" ends the condition.
+  const bool hasThen = std::any_of(begin(), end(), [](const Token& token) {
+    return token.is(TokenType::conditionalKeyword, TokenSubType::conditionalKeywordThen);
+  });
   return clauseBehind({TokenSubType::conditionalKeywordIf, TokenSubType::conditionalKeywordUnless},
-                      TokenSubType::conditionalKeywordThen);
+                      hasThen ? TokenSubType::conditionalKeywordThen : TokenSubType::conditionalKeywordElse);
 }
 
 std::optional<TokenList> TokenList::thenClause() const {

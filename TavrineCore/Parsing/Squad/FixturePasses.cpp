@@ -1,0 +1,93 @@
+// Words of the vocabulary that the first look at single lexemes can't see.
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Customization/Fixtures/Fixture.h"
+#include "TavrineCore/Parsing/Helpers/DateWordsList.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Squad/SimpleTokens.h"
+#include "TavrineCore/Parsing/Tokens/DateMetadata.h"
+#include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine::passes {
+
+namespace {
+
+/// Words of the longest phrase that the vocabularies know.
+constexpr std::size_t kMaximumWords = 7;
+
+/// The token of a phrase; nothing for a text that is no fixture, or one without a type of its own.
+std::optional<Token> tokenOfPhrase(std::string text, NSRange range, const PassContext& context) {
+  const std::optional<Fixture> fixture = context.content.fixturesList->find(text);
+  const std::optional<TokenType> type = fixture ? relatedTokenType(*fixture) : std::nullopt;
+  if (!type) return std::nullopt;
+  const TokenSubType subType = relatedTokenSubType(*fixture);
+  TokenMetadataRef metadata;
+  if (type == TokenType::dateWord) {
+    if (const DateWord* word = context.content.dateWordsList->dateWordFor(text)) {
+      metadata = std::make_shared<const DateWordTokenMetadata>(*word);
+    }
+  } else if (type == TokenType::statisticType) {
+    if (const std::optional<StatisticType> statistic = statisticTypeOf(subType)) {
+      metadata = std::make_shared<const StatisticTypeTokenMetadata>(*statistic);
+    }
+  }
+  return Token(*type, subType, std::move(text), range, nullptr, std::move(metadata));
+}
+
+/// A word of the vocabulary inside a longer one: the gates of later passes must open for it.
+void rememberTypesInside(const std::string& word, TokenList& list, const PassContext& context) {
+  TokenTypeSet types = list.typesEverPresent();
+  context.content.fixturesList->fixturesIn(word).forEach([&types](Fixture fixture) {
+    if (const std::optional<TokenType> type = relatedTokenType(fixture)) types.insert(*type);
+    if (fixture == Fixture::percentType) types.insert(TokenType::percentageSymbol);
+  });
+  list.replaceTypesCache(types);
+}
+
+}  // namespace
+
+void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContext& context) {
+  const FixturesList& fixtures = *context.content.fixturesList;
+  const auto isPhrase = [&fixtures](std::string_view text) {
+    const std::optional<Fixture> fixture = fixtures.find(text);
+    return fixture && relatedTokenType(*fixture);
+  };
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!TokenTypeSet::typesInMultiWordFixtures.contains(list[i].type)) continue;
+    if (!fixtures.beginsMultiWordFixture(list[i].stringValue)) continue;
+    const std::optional<TokenSlice> phrase =
+        list.findPhraseTextBeginningWith(i, TokenTypeSet::typesInMultiWordFixtures, isPhrase, kMaximumWords);
+    if (!phrase) continue;
+    if (std::optional<Token> token = tokenOfPhrase(phrase->stringValue(), phrase->range(), context)) {
+      list.replace(*phrase, *std::move(token));
+    }
+  }
+}
+
+void identifyExtraFixturesInChinese(TokenList& list, const PassContext& context) {
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!list[i].is(TokenType::unidentified)) continue;
+    if (std::optional<Token> token = tokenOfPhrase(list[i].stringValue, list[i].range, context)) {
+      list.replaceAt(i, *std::move(token));
+      continue;
+    }
+    rememberTypesInside(list[i].stringValue, list, context);
+    const auto before = list.indexBefore(i, /*ignoreWhitespace=*/true);
+    if (!before || !TokenTypeSet::chineseExtraSpecifierScanTypes.contains(list[*before].type)) continue;
+    const TokenSlice slice = list.slice(*before, i);
+    if (std::optional<Token> token = tokenOfPhrase(slice.stringValue(), slice.range(), context)) {
+      list.replace(slice, *std::move(token));
+      i = *before;
+    }
+  }
+}
+
+}  // namespace tavrine::passes
