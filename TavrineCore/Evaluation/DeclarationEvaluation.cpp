@@ -48,9 +48,11 @@ EvaluationResult assigned(const VariableDeclarationTokenMetadata& declaration, E
       .evaluationResult();
 }
 
+bool isPhrase(const std::string& name) { return name.find(' ') != std::string::npos; }
+
 Variable variableWith(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
   Variable variable(declaration.variableName, declaration.variableValueString, Variable::VariableType::local);
-  variable.isPhrase = declaration.variableName.find(' ') != std::string::npos;
+  variable.isPhrase = isPhrase(declaration.variableName);
   variable.definition = std::make_shared<const EvaluationResult>(assigned(declaration, std::move(definition)));
   return variable;
 }
@@ -71,6 +73,16 @@ Token declared(const VariableDeclarationTokenMetadata& declaration, EvaluationRe
     definition = EvaluationResult::rawString(declaration.variableValueString);
   }
   return TokenFactory::variable(variableWith(declaration, std::move(definition)));
+}
+
+/// "y = if …": all that is known of the variable is its name.
+Token declared(const Token& declaredVariable, const Token& value) {
+  const auto* metadata = declaredVariable.metadataAs<VariableTokenMetadata>();
+  if (metadata == nullptr) return Token();
+  Variable variable(metadata->variable.name, std::nullopt, Variable::VariableType::local);
+  variable.isPhrase = isPhrase(variable.name);
+  variable.definition = std::make_shared<const EvaluationResult>(value.evaluationResult());
+  return TokenFactory::variable(variable);
 }
 
 }  // namespace
@@ -96,11 +108,14 @@ Token evaluateDeclaration(const Token& declaration) {
 
 Token evaluateConditionalDeclaration(const Token& declaration) {
   const auto* metadata = declaration.metadataAs<ConditionalVariableDeclarationTokenMetadata>();
-  if (metadata == nullptr || !metadata->variableDeclaration || !declaration.subtokens) return Token();
+  if (metadata == nullptr || !declaration.subtokens) return Token();
   const Token* conditional = declaration.subtokens->firstTokenOfType(TokenType::conditionalExpression);
-  const auto* variable = metadata->variableDeclaration->metadataAs<VariableDeclarationTokenMetadata>();
-  if (conditional == nullptr || variable == nullptr) return Token();
-  return declared(*variable, conditional->evaluated().evaluationResult());
+  if (conditional == nullptr) return Token();
+  if (metadata->variableDeclaration) {
+    const auto* variable = metadata->variableDeclaration->metadataAs<VariableDeclarationTokenMetadata>();
+    return variable != nullptr ? declared(*variable, conditional->evaluated().evaluationResult()) : Token();
+  }
+  return metadata->declaredVariable ? declared(*metadata->declaredVariable, conditional->evaluated()) : Token();
 }
 
 }  // namespace tavrine

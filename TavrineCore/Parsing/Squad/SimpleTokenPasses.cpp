@@ -91,6 +91,8 @@ Token fixtureToken(std::string_view fragment, NSRange range, const PassContext& 
               nullptr,
               std::make_shared<const StatisticTypeTokenMetadata>(*statistic)};
     }
+  } else if (fixture == Fixture::squareRootSymbol) {
+    return {TokenType::operator_, TokenSubType::squareRootSymbol, std::move(text), range};
   } else if (!type && fragment.starts_with(kPlaceholderPrefix)) {
     return {TokenType::customInternal, std::move(text), range};
   }
