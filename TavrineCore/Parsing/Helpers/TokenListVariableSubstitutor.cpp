@@ -166,6 +166,10 @@ void TokenListVariableSubstitutor::unexpand(TokenList& list, const ExpandedToken
   TokenList restored =
       TokenList(Restorer(info).restored(list)).listWithRecalculatedTokenRanges(0, /*updateParentsStrings=*/false);
   restored.formCacheUnionWith(list);
+  // A name may have come back inside of a token whose inside doesn't count for the line's cache.
+  for (const ExpandedTokenListInfo::Replacement& replacement : info.replacements()) {
+    restored.addToCacheTypesFrom({&replacement.original, 1});
+  }
   list = std::move(restored);
 }
 
