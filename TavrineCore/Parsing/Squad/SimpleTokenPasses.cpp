@@ -143,29 +143,6 @@ bool fusedNumberWhitespaceNumber(std::vector<Token>& tokens, const Token& right,
 
 }  // namespace
 
-std::optional<StatisticType> statisticTypeOf(TokenSubType subType) {
-  switch (subType) {
-    case TokenSubType::statisticWordTotal:
-      return StatisticType::total;
-    case TokenSubType::statisticWordAverage:
-      return StatisticType::average;
-    case TokenSubType::statisticWordCount:
-      return StatisticType::count;
-    case TokenSubType::statisticWordMedian:
-      return StatisticType::median;
-    case TokenSubType::statisticWordLesser:
-      return StatisticType::lesser;
-    case TokenSubType::statisticWordGreater:
-      return StatisticType::greater;
-    case TokenSubType::statisticWordLCM:
-      return StatisticType::lcm;
-    case TokenSubType::statisticWordGCD:
-      return StatisticType::gcd;
-    default:
-      return std::nullopt;
-  }
-}
-
 Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const PassContext& context) {
   if (type == LexemeType::number) {
     if (const std::optional<Decimal> value = context.numberDetector.decimalValueOf(fragment)) {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "Foundation/Range.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Lexing/LexemeType.h"
-#include "TavrineCore/Parsing/Primitives/StatisticType.h"
 #include "TavrineCore/Parsing/Tokens/Token.h"
 
 namespace tavrine {
@@ -19,9 +17,6 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
 
 /// The whole line as one comment: what a line past the limits comes to, or one that no list of tokens covers.
 TokenList commentOver(std::string_view line);
-
-/// The statistic that a word of that subtype asks for.
-std::optional<StatisticType> statisticTypeOf(TokenSubType subType);
 
 /// "Rent" and ":" → one `label`. A number before the colon makes one only where white space follows, so that "12:30"
 /// is left alone.
