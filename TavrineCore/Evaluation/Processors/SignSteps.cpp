@@ -132,6 +132,7 @@ std::size_t wrapPowers(EditableTokenList& list, std::size_t index, const Token*)
   }
 
   std::vector<Token> chain;
+  chain.reserve(*last - *first + 1);
   bool isNegativeNext = false;
   std::vector<Token> signs;
   for (std::size_t i = *first; i <= *last; ++i) {

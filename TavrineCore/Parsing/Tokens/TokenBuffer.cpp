@@ -64,6 +64,9 @@ void TokenBuffer::erase(std::size_t first, std::size_t count) {
 }
 
 void TokenBuffer::moveGapInto(std::size_t first, std::size_t last) {
+  // A walk of edits towards the start takes all tokens there in the end: room for them at once, instead of growing by
+  // and by through blocks that go back to the system each time.
+  if (front_.size() > last && back_.empty()) back_.reserve(front_.size());
   while (front_.size() > last) moveLast(front_, back_);
   while (front_.size() < first) moveLast(back_, front_);
 }
