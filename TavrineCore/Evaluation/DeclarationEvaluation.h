@@ -8,7 +8,7 @@ namespace tavrine {
 /// declaration.
 [[nodiscard]] Token evaluateDeclaration(const Token& declaration);
 
-/// "if a > 3 then x = 5 else 6" → the variable x with the value of the conditional.
+/// "x = if a > 3 then 5 else 6" → the variable x with the value of the conditional.
 [[nodiscard]] Token evaluateConditionalDeclaration(const Token& declaration);
 
 }  // namespace tavrine

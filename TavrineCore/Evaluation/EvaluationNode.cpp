@@ -159,10 +159,10 @@ std::uint32_t EvaluationTree::add(const Token& operation, Evaluatable left, Eval
   return index;
 }
 
-/// Whether the operator begins an expression that isn't joined to the one so far: in "1 + 2 then 3 * 4" the operand
+/// Whether the operator begins an expression that isn't joined to the one so far: in "1 + 2 later 3 * 4" the operand
 /// left of the second operator isn't the one that the first one ended with.
-bool EvaluationTree::startsAnew(const Token& operation, Evaluatable left) const {
-  if (!operation.is(TokenType::operator_) || !left.isLeaf() || left.token->is(TokenType::operator_)) return false;
+bool EvaluationTree::startsAnew(Evaluatable left) const {
+  if (!left.isLeaf() || left.token->is(TokenType::operator_)) return false;
   const Evaluatable& end = head().rightArgument;
   return head().nodeType() == EvaluationNode::Type::infix && end.isLeaf() && end.token != left.token;
 }
@@ -177,7 +177,7 @@ void EvaluationTree::insert(const Token& operation, Evaluatable left, Evaluatabl
     head_ = add(operation, {.node = head_}, {}, precedence);
     return;
   }
-  if (startsAnew(operation, left)) {
+  if (startsAnew(left)) {
     head_ = add(operation, left, right, precedence);
     return;
   }
@@ -261,9 +261,8 @@ Token EvaluationTree::evaluate(std::uint32_t root) const {
 /// An argument that isn't the left one of a node: those are reached by climbing.
 EvaluationTree::Operand EvaluationTree::evaluate(Evaluatable argument) const {
   if (argument.isNode()) return Operand(evaluate(argument.node));
-  if (argument.isLeaf())
-    return evaluatesToItself(*argument.token) ? Operand(argument.token) : Operand(argument.token->evaluated());
-  return {};
+  if (!argument.isLeaf()) return {};
+  return evaluatesToItself(*argument.token) ? Operand(argument.token) : Operand(argument.token->evaluated());
 }
 
 EvaluationTree::Operand EvaluationTree::evaluate(const EvaluationNode& node, Operand left) const {

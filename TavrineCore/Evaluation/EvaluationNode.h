@@ -137,7 +137,7 @@ class EvaluationTree {
 
   std::uint32_t add(const Token& operation, Evaluatable left, Evaluatable right, PrecedencePriority precedence);
   void insert(const Token& operation, Evaluatable left, Evaluatable right, PrecedencePriority precedence);
-  [[nodiscard]] bool startsAnew(const Token& operation, Evaluatable left) const;
+  [[nodiscard]] bool startsAnew(Evaluatable left) const;
 
   [[nodiscard]] Token evaluate(std::uint32_t root) const;
   [[nodiscard]] Operand evaluate(const EvaluationNode& node, Operand left) const;

@@ -64,7 +64,7 @@ TEST(ProcessorTests, Answers) {
       {"3 from", "3"},
       // One answer out of several.
       {"5", "5"},
-      {"5 and then", "5"},
+      {"5 and later", "5"},
       {"5 6 7", "7"},
       {"", "none"},
   };

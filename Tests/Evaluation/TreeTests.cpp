@@ -34,7 +34,7 @@ TEST(TreeTests, NestsByPrecedence) {
       {"1 + some 2", "(1 + 2)"},
       {"1 = + 2", "(+ 2)"},
       // The last connected expression counts.
-      {"1 + 2 then 3 * 4", "(3 * 4)"},
+      {"1 + 2 later 3 * 4", "(3 * 4)"},
       // Signs before signs.
       {"3 - - 2", "(3 + 2)"},
       {"3 + - 2", "(3 - 2)"},

@@ -1,3 +1,4 @@
+#include <unordered_map>
 #include <vector>
 
 #include "TavrineCore/Evaluation/Processors/GeneralPostProcessor.h"
@@ -47,24 +48,18 @@ void deidentifyUnwantedDatestampsAndSpans(EditableTokenList& list) {
   constexpr TokenTypeSet datestampsAndSpans{TokenType::datestamp, TokenType::datespan};
   constexpr TokenTypeSet parentsThatWantDates{TokenType::wordFunction, TokenType::conditionalExpression,
                                               TokenType::datespan};
-  // The dates of one list share their fate, which is decided before the first of them goes.
-  const TokenList* decidedFor = nullptr;
-  bool isArithmetic = false;
+  // The dates of one list share their fate, which is decided before the first of them goes, and once.
+  std::unordered_map<const TokenList*, bool> isArithmetic;
   forEachToken(list, datestampsAndSpans, [&](EditableTokenList& tokens, std::size_t index, const Token* parent) {
     if (parent != nullptr && parentsThatWantDates.contains(parent->type)) return index;
-    if (decidedFor != tokens.source()) {
-      decidedFor = tokens.source();
-      isArithmetic = shouldDeidentifyDatestampsAndSpans(tokens.list());
-    }
-    if (!isArithmetic) return index;
-    const Token token = tokens[index];
-    if (token.is(TokenType::datespan)) {
-      tokens.edit().deidentify(token);
-      return index;
-    }
-    if (!token.subtokens || token.subtokens->firstTokenOfType(TokenType::operator_) == nullptr) return index;
+    const auto [decision, isNew] = isArithmetic.try_emplace(tokens.source(), false);
+    if (isNew) decision->second = shouldDeidentifyDatestampsAndSpans(tokens.list());
+    if (!decision->second) return index;
+    if (tokens[index].is(TokenType::datespan)) return tokens.deidentify(index);
+    const TokenListRef subtokens = tokens[index].subtokens;
+    if (!subtokens || subtokens->firstTokenOfType(TokenType::operator_) == nullptr) return index;
     std::vector<Token> inside;
-    appendFlattened(*token.subtokens, inside);
+    appendFlattened(*subtokens, inside);
     return tokens.replace(index, index, std::move(inside));
   });
 }

@@ -57,6 +57,12 @@ std::size_t EditableTokenList::wrap(std::size_t first, std::size_t last) {
   return replace(first, last, subexpressionOver(copyOf(list(), first, last)));
 }
 
+std::size_t EditableTokenList::deidentify(std::size_t index) {
+  // The list finds its own tokens at once, and copies of them by comparison.
+  edit().deidentify(list()[index]);
+  return index;
+}
+
 std::size_t EditableTokenList::insertAfter(std::size_t index, Token token) {
   edit().insertAt(index + 1, std::move(token));
   return index;

@@ -60,6 +60,8 @@ class EditableTokenList {
   std::size_t remove(std::size_t first, std::size_t last);
   /// The closed run as one subexpression with the text of the run.
   std::size_t wrap(std::size_t first, std::size_t last);
+  /// Makes the token a word comment.
+  std::size_t deidentify(std::size_t index);
   std::size_t insertAfter(std::size_t index, Token token);
 
  private:

@@ -56,10 +56,7 @@ Token unitExpressionTimes(const Token& expression, int factor) {
 }
 
 std::size_t disableBitwiseIfRequested(EditableTokenList& list, std::size_t index, const Token*) {
-  if (!kBitwiseOperators.contains(list[index].subType)) return index;
-  const Token operation = list[index];
-  list.edit().deidentify(operation);
-  return index;
+  return kBitwiseOperators.contains(list[index].subType) ? list.deidentify(index) : index;
 }
 
 bool isNegative(const Token& token) {

@@ -39,6 +39,7 @@ Answer logical(const PairOperands& operands) {
 Answer asMultiplier(const PairOperands& operands) {
   Answer result =
       calculated(operands.firstToken.decimalValue(), operands.secondToken.decimalValue(), operands.operatorToken);
+  // A number that is none stays one, since only so it reads as the error that it is.
   if (!result || !result->is(TokenType::number) || result->errorValue()) return result;
   return TokenFactory::multiplierWith(result->decimalValue());
 }
