@@ -69,7 +69,7 @@ std::size_t EditableTokenList::insertAfter(std::size_t index, Token token) {
 }
 
 void visitTokens(EditableTokenList& list, const TokenTypeSet& types, EditBlock block) {
-  if (!list->anyTypesHaveBeenPresentIn(types)) return;
+  if (!list->typesEverPresentAtAnyDepth().containsTypesFrom(types)) return;
   visit(list, types, nullptr, block);
 }
 

@@ -29,7 +29,11 @@ class EditableTokenList {
 
   /// The copy. References into the list so far end here.
   TokenList& edit() {
-    if (!copy_) copy_.emplace(*source_);
+    if (!copy_) {
+      copy_.emplace(*source_);
+      // A copy forgets the types that stand only within other tokens, and the walks would pass these by.
+      copy_->formCacheUnionWith(*source_);
+    }
     return *copy_;
   }
   /// The rewritten list, when there has been an edit.
@@ -76,7 +80,8 @@ using EditBlock = FunctionRef<std::size_t(EditableTokenList& list, std::size_t i
 void visitTokens(EditableTokenList& list, const TokenTypeSet& types, EditBlock block);
 
 /// Hands every token of the types to the block, at every depth, from the end of each list to its start and inner lists
-/// first. What the block puts in is not visited. Costs a bit test when the types have never been in the list.
+/// first. What the block puts in is not visited. Costs a bit test when the types have never been in the list
+/// or in one inside of it.
 template <class Block>
 void forEachToken(EditableTokenList& list, const TokenTypeSet& types, const Block& block) {
   visitTokens(list, types, [&](EditableTokenList& tokens, std::size_t index, const Token* parent) {

@@ -26,7 +26,7 @@ void GeneralPostProcessor::process(EditableTokenList& list) {
   // Describes the list as the parser left it. What an earlier step may have brought in is asked of the list.
   const TokenListProfile profile(list.list());
   const EngineFeatureFlags& flags = customization().featureFlags();
-  const auto holdsNow = [&](TokenType type) { return list->typePrecheck(type); };
+  const auto holdsNow = [&](TokenType type) { return list->typesEverPresentAtAnyDepth().contains(type); };
   using namespace processing;
 
   if (holdsNow(TokenType::datestamp) || holdsNow(TokenType::datespan)) deidentifyUnwantedDatestampsAndSpans(list);
