@@ -80,8 +80,8 @@ struct EngineCustomization::Fields {
   }
 };
 
-// What the copies of a customization share. The hash is worked out when first asked for; two threads that do so at once
-// write the same number.
+// What the copies of a customization share. The hash and the locale's calendar, which the Unicode library is slow to
+// tell, are worked out when first asked for; two threads that do so at once write the same number.
 struct EngineCustomization::Shared {
   explicit Shared(Fields f) : fields(std::move(f)) {}
 
@@ -95,9 +95,20 @@ struct EngineCustomization::Shared {
     return value;
   }
 
+  Calendar::Identifier localeCalendar() const {
+    int value = cachedCalendar.load(std::memory_order_relaxed);
+    if (value == kUnknownCalendar) {
+      value = static_cast<int>(preferredCalendarFor(fields.locale));
+      cachedCalendar.store(value, std::memory_order_relaxed);
+    }
+    return static_cast<Calendar::Identifier>(value);
+  }
+
   static constexpr std::size_t kUnknown = 0;
+  static constexpr int kUnknownCalendar = -1;
   const Fields fields;
   mutable std::atomic<std::size_t> cachedHash{kUnknown};
+  mutable std::atomic<int> cachedCalendar{kUnknownCalendar};
 };
 
 EngineCustomization::EngineCustomization(const Locale& locale, std::optional<Calendar> calendar) {
@@ -151,7 +162,7 @@ const Locale& EngineCustomization::locale() const { return shared_->fields.local
 
 Calendar EngineCustomization::calendar() const {
   if (const auto& calendar = shared_->fields.calendar) return *calendar;
-  return Calendar(preferredCalendarFor(locale()), locale(), TimeZone::current());
+  return Calendar(shared_->localeCalendar(), locale(), TimeZone::current());
 }
 
 const std::vector<CustomUnit>& EngineCustomization::customUnits() const { return shared_->fields.customUnits; }

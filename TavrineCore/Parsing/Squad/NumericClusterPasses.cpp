@@ -227,23 +227,27 @@ std::vector<Token> identifyComponentsInVeryChunkyWordNumberClusters(const Token&
 }  // namespace
 
 void identifyNumericClustersIn(TokenList& list, const PassContext& context) {
-  list.performEditsToListsWith(TokenType::unidentified, /*recalculateRangesAfterEdit=*/false,
-                               [&](const Token& word, TokenList& tokens, const Token*) {
-                                 const std::optional<std::size_t> index = tokens.indexOf(word);
-                                 if (!index) return;
-                                 std::vector<Token> parts = numericClusterTokensFor(word, context);
-                                 if (parts.empty()) {
-                                   const Token* before = *index > 0 ? &tokens[*index - 1] : nullptr;
-                                   parts = exAsMultiplicationNumberClusterFrom(word, before, context);
-                                 }
-                                 if (parts.empty())
-                                   parts = identifyComponentsInVeryChunkyWordNumberClusters(word, context);
-                                 if (parts.empty()) return;
+  // Most words are neither: they are told here, before the walk copies them and looks for their places.
+  const auto mayBeCluster = [](const Token& token, const Token*) {
+    return token.is(TokenType::unidentified) &&
+           (token.stringValue.starts_with(Parser::letterXAsTimes) || DigitDetector::containsDigit(token.stringValue));
+  };
+  const auto split = [&](const Token& word, TokenList& tokens, const Token*) {
+    const std::optional<std::size_t> index = tokens.indexOf(word);
+    if (!index) return;
+    std::vector<Token> parts = numericClusterTokensFor(word, context);
+    if (parts.empty()) {
+      const Token* before = *index > 0 ? &tokens[*index - 1] : nullptr;
+      parts = exAsMultiplicationNumberClusterFrom(word, before, context);
+    }
+    if (parts.empty()) parts = identifyComponentsInVeryChunkyWordNumberClusters(word, context);
+    if (parts.empty()) return;
 
-                                 tokens.replaceAt(*index, std::move(parts.front()));
-                                 for (std::size_t i = 1; i < parts.size(); ++i)
-                                   tokens.insertAt(*index + i, std::move(parts[i]));
-                               });
+    tokens.replaceAt(*index, std::move(parts.front()));
+    for (std::size_t i = 1; i < parts.size(); ++i) tokens.insertAt(*index + i, std::move(parts[i]));
+  };
+  list.applyModificationsToAllListsWithTokensPassingTest(mayBeCluster, nullptr, /*reversed=*/true,
+                                                         /*topLevelOnly=*/false, split);
 }
 
 }  // namespace tavrine::passes
