@@ -156,8 +156,9 @@ int main(int argc, char** argv) {
   VariableList declared;
   for (const std::string& line : options->lines) {
     trace(calculator, line, declared, options->allStages);
-    const CalculationResult result = calculator.calculate(line);
-    if (const Variable* variable = result.evaluationResult.variableValue()) declared.setVariable(*variable);
+    const TokenList list = calculator.parsingController().parser().tokensFor(line, declared);
+    const EvaluationResult result = calculator.evaluationController().evaluationResultFor(list, std::nullopt);
+    if (const Variable* variable = result.variableValue()) declared.setVariable(*variable);
   }
   return EXIT_SUCCESS;
 }
