@@ -40,12 +40,11 @@ std::optional<Token> operatorOf(Assignment assignment) {
   return std::nullopt;
 }
 
-/// "x += 5" works on what x has been so far.
-EvaluationResult assigned(const VariableDeclarationTokenMetadata& declaration, EvaluationResult value) {
-  const std::optional<Token> operation = operatorOf(declaration.type);
-  if (!operation || !declaration.preExistingDefinition || !declaration.preExistingDefinition->definition) return value;
-  return evaluatedPair(declaration.preExistingDefinition->definition->tokenized(), value.tokenized(), *operation)
-      .evaluationResult();
+/// "x += 5" works on what x has been so far, if it has been anything.
+EvaluationResult assigned(Assignment assignment, const EvaluationResult* earlier, EvaluationResult value) {
+  const std::optional<Token> operation = operatorOf(assignment);
+  if (!operation || earlier == nullptr) return value;
+  return evaluatedPair(earlier->tokenized(), value.tokenized(), *operation).evaluationResult();
 }
 
 bool isPhrase(const std::string& name) { return name.find(' ') != std::string::npos; }
@@ -53,7 +52,9 @@ bool isPhrase(const std::string& name) { return name.find(' ') != std::string::n
 Variable variableWith(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
   Variable variable(declaration.variableName, declaration.variableValueString, Variable::VariableType::local);
   variable.isPhrase = isPhrase(declaration.variableName);
-  variable.definition = std::make_shared<const EvaluationResult>(assigned(declaration, std::move(definition)));
+  const auto& earlier = declaration.preExistingDefinition;
+  variable.definition = std::make_shared<const EvaluationResult>(
+      assigned(declaration.type, earlier ? earlier->definition.get() : nullptr, std::move(definition)));
   return variable;
 }
 
@@ -75,13 +76,31 @@ Token declared(const VariableDeclarationTokenMetadata& declaration, EvaluationRe
   return TokenFactory::variable(variableWith(declaration, std::move(definition)));
 }
 
-/// "y = if …": all that is known of the variable is its name.
-Token declared(const Token& declaredVariable, const Token& value) {
+/// The kind of the assignment in the tokens, which its text begins with: "=", "+=".
+Assignment assignmentIn(const TokenList& tokens) {
+  const Token* assignment = tokens.firstTokenOfType(TokenType::variableAssignmentOperator);
+  switch (assignment != nullptr && !assignment->stringValue.empty() ? assignment->stringValue.front() : '=') {
+    case '+':
+      return Assignment::additive;
+    case '-':
+      return Assignment::subtractive;
+    case '*':
+      return Assignment::multiplicative;
+    case '/':
+      return Assignment::divizive;
+    default:
+      return Assignment::vanilla;
+  }
+}
+
+/// "y = if …": all that is known of the variable is its name, and what it has been so far.
+Token declared(const Token& declaredVariable, Assignment assignment, const Token& value) {
   const auto* metadata = declaredVariable.metadataAs<VariableTokenMetadata>();
   if (metadata == nullptr) return Token();
   Variable variable(metadata->variable.name, std::nullopt, Variable::VariableType::local);
   variable.isPhrase = isPhrase(variable.name);
-  variable.definition = std::make_shared<const EvaluationResult>(value.evaluationResult());
+  variable.definition = std::make_shared<const EvaluationResult>(
+      assigned(assignment, metadata->variable.definition.get(), value.evaluationResult()));
   return TokenFactory::variable(variable);
 }
 
@@ -115,7 +134,8 @@ Token evaluateConditionalDeclaration(const Token& declaration) {
     const auto* variable = metadata->variableDeclaration->metadataAs<VariableDeclarationTokenMetadata>();
     return variable != nullptr ? declared(*variable, conditional->evaluated().evaluationResult()) : Token();
   }
-  return metadata->declaredVariable ? declared(*metadata->declaredVariable, conditional->evaluated()) : Token();
+  if (!metadata->declaredVariable) return Token();
+  return declared(*metadata->declaredVariable, assignmentIn(*declaration.subtokens), conditional->evaluated());
 }
 
 }  // namespace tavrine

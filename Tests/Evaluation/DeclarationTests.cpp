@@ -136,6 +136,8 @@ TEST(DeclarationTests, OnACondition) {
   EXPECT_EQ(declare("=", kTrue, declaration, std::nullopt), "x: 5");
   EXPECT_EQ(declare("=", kTrue, std::nullopt, nameOf(std::nullopt)), "x: 5");
   EXPECT_EQ(declare("=", "if 2 < 1 then 5", std::nullopt, nameOf(std::nullopt)), "x: boolean false");
+  EXPECT_EQ(declare("+=", kTrue, std::nullopt, nameOf(EvaluationResult::decimal(Decimal(10)))), "x: 15");
+  EXPECT_EQ(declare("+=", kTrue, std::nullopt, nameOf(std::nullopt)), "x: 5");
   EXPECT_EQ(declare("=", kTrue, std::nullopt, std::nullopt), "none");
 }
 
