@@ -78,22 +78,24 @@ class DeclarationFinder {
  public:
   DeclarationFinder(TokenList& list, const PassContext& context) : list_(list), context_(context) {}
 
-  void wrap(const AssignmentToken& assignment) {
+  /// False when declarations nest too deep: those further left would only nest deeper.
+  bool wrap(const AssignmentToken& assignment) {
     // A later "=" may have taken this one into its name.
     const auto index = list_.indexOf(assignment.token);
-    if (!index) return;
+    if (!index) return true;
     const std::optional<Run> name = nameBefore(*index);
-    if (!name) return;
+    if (!name) return true;
     const std::optional<Run> value = valueBehind(*index);
     // Names between labels let declarations lie inside of one another: "a: x = a: x = …".
-    if (value && depthIn(*value) >= kMaximumNesting) return;
+    if (value && depthIn(*value) >= kMaximumNesting) return false;
 
     const std::size_t removed = name->last - name->first;
     std::string variableName = declareName(*name);
-    if (!value) return;
+    if (!value) return true;
     const Run whole{name->first, value->last - removed};
     const Run valueNow{value->first - removed, value->last - removed};
     wrapDeclaration(whole, valueNow, assignment.type, std::move(variableName));
+    return true;
   }
 
  private:
@@ -171,7 +173,9 @@ class DeclarationFinder {
 
 void identifyVariableDeclarations(TokenList& list, const PassContext& context) {
   DeclarationFinder finder(list, context);
-  for (const AssignmentToken& assignment : wrapAssignmentOperators(list)) finder.wrap(assignment);
+  for (const AssignmentToken& assignment : wrapAssignmentOperators(list)) {
+    if (!finder.wrap(assignment)) return;
+  }
 }
 
 }  // namespace tavrine::passes

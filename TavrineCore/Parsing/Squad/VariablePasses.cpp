@@ -60,6 +60,8 @@ class TextCursor {
   std::size_t offset_ = 0;
 };
 
+std::string_view upToWhitespace(std::string_view text) { return text.substr(0, text.find_first_of(" \t")); }
+
 struct PhraseMatch {
   std::size_t variable;  // its place in the order of names, longest first
   std::size_t first;
@@ -75,7 +77,11 @@ class PhraseVariables {
     for (const Variable& variable : variables_) {
       phrases_.push_back(Lexer::lexemesFor(variable.name, locale));
       if (phrases_.back().size() < 2) continue;
-      phrasesByFirstWord_[lowercased(phrases_.back().front().string)].push_back(phrases_.size() - 1);
+      const std::string_view firstLexeme = phrases_.back().front().string;
+      const std::string_view firstWord = upToWhitespace(variable.name);
+      phrasesByFirstWord_[lowercased(firstLexeme)].push_back(phrases_.size() - 1);
+      // One token may hold the whole first word, "#food", or even more.
+      if (firstWord != firstLexeme) phrasesByFirstWord_[lowercased(firstWord)].push_back(phrases_.size() - 1);
     }
   }
 
@@ -85,7 +91,7 @@ class PhraseVariables {
   [[nodiscard]] std::vector<PhraseMatch> matchesIn(const TokenList& list) const {
     std::vector<PhraseMatch> candidates;
     for (std::size_t i = 0; i < list.count(); ++i) {
-      const auto phrases = phrasesByFirstWord_.find(lowercased(list[i].stringValue));
+      const auto phrases = phrasesByFirstWord_.find(lowercased(upToWhitespace(list[i].stringValue)));
       if (phrases == phrasesByFirstWord_.end()) continue;
       for (const std::size_t phrase : phrases->second) {
         if (const auto last = endOf(phrases_[phrase], list, i)) candidates.push_back({phrase, i, *last});

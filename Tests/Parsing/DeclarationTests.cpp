@@ -1,0 +1,118 @@
+#include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Parsing/Helpers/VariableDeclarationDetector.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
+#include "Tests/Parsing/LineReader.h"
+
+namespace tavrine::testing {
+namespace {
+
+using Assignment = VariableDeclarationTokenMetadata::VariableAssignmentOperatorType;
+
+void declaring(EngineFeatureFlags& flags) {
+  flags.variableDeclarations = true;
+  flags.additionalOptions.remoteQueries = true;
+}
+
+TEST(Declarations, TellNameValueAndAssignment) {
+  LineReader reader(declaring);
+  reader.declare("x", EvaluationResult::decimal(Decimal(7)));
+  struct Case {
+    std::string_view line, name, value;
+    Assignment type;
+  };
+  for (const Case& c : {Case{"x = 1 + 2 ", "x", "1 + 2", Assignment::vanilla},
+                        {"x += 2", "x", "2", Assignment::additive},
+                        {"x -= 2", "x", "2", Assignment::subtractive},
+                        {"x * = 2", "x", "2", Assignment::multiplicative},
+                        {"x/=2", "x", "2", Assignment::divizive},
+                        {"monthly rent: the x = 2", "the x", "2", Assignment::vanilla},
+                        {"x = \"a note\" 5", "x", "a note", Assignment::vanilla},
+                        {"y = a = 5", "y = a", "5", Assignment::vanilla}}) {
+    const TokenList list = reader.tokens(c.line);
+    const Token* token = list.firstTokenOfType(TokenType::variableDeclaration);
+    ASSERT_NE(token, nullptr) << c.line << ": " << shapeOf(list);
+    const auto* metadata = token->metadataAs<VariableDeclarationTokenMetadata>();
+    EXPECT_EQ(metadata->variableName, c.name) << c.line;
+    EXPECT_EQ(metadata->variableValueString, c.value) << c.line;
+    EXPECT_EQ(metadata->type, c.type) << c.line;
+    EXPECT_EQ(metadata->preExistingDefinition.has_value(), c.name == "x") << c.line;
+  }
+  // Where no variable is known, "+" belongs to the name.
+  EXPECT_EQ(LineReader(declaring).tokens("x += 2").declaredVariableNames(), std::vector<std::string>{"x +"});
+}
+
+TEST(Declarations, TakeTheirShape) {
+  const LineReader reader(declaring);
+  struct Case {
+    std::string_view line, want;
+  };
+  for (const Case& c :
+       {Case{"rent = 5", "variableDeclaration[declaredVariable.variableAssignmentOperator.number]"},
+        {"rent = ?", "remoteQuery[declaredVariable.variableAssignmentOperator.questionMark]"},
+        {"rent = ??", "variableDeclaration[declaredVariable.variableAssignmentOperator.wordComment wordComment]"},
+        {"rent =", "declaredVariable.variableAssignmentOperator"},
+        {"= 5", "variableAssignmentOperator.number"},
+        {"b = if 2 > 1 then 3",
+         "conditionalVariableDeclaration[declaredVariable.variableAssignmentOperator."
+         "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number]]"},
+        {"b = 3 if 2 > 1",
+         "conditionalVariableDeclaration[variableDeclaration[declaredVariable.variableAssignmentOperator.number]."
+         "conditionalExpression[conditionalKeyword.number.operator.number]]"}}) {
+    EXPECT_EQ(reader.shape(c.line), c.want) << c.line;
+  }
+  EXPECT_EQ(LineReader().shape("b = 1 + 2"), "wordComment.wordComment.wordComment.wordComment.wordComment");
+}
+
+TEST(Declarations, OfNamesBetweenLabelsNestWithinTheLimit) {
+  const LineReader reader(declaring);
+  std::string line;
+  for (std::size_t i = 0; i < 3 * kMaximumNesting; ++i) line += "l: b = ";
+  line += "5";
+  std::size_t depth = 0;
+  for (TokenListRef list = TokenList::frozen(reader.tokens(line)); list && depth <= kMaximumNesting; ++depth) {
+    const Token* declaration = list->firstTokenOfType(TokenType::variableDeclaration);
+    list = declaration != nullptr ? declaration->subtokens : nullptr;
+  }
+  EXPECT_GT(depth, 2U);
+  EXPECT_LE(depth, kMaximumNesting + 1);
+}
+
+TEST(Declarations, AreToldByTheirText) {
+  for (const std::string_view line : {"x = 5", "x=", "x = y://a", "x=y=z"}) {
+    EXPECT_TRUE(VariableDeclarationDetector::isVariableDeclaration(line)) << line;
+  }
+  for (const std::string_view line : {"", "x", " = 5", "y://a?b=c", "a y://b = 5"}) {
+    EXPECT_FALSE(VariableDeclarationDetector::isVariableDeclaration(line)) << line;
+  }
+}
+
+TEST(Conditionals, NeedAConsequence) {
+  const LineReader reader;
+  struct Case {
+    std::string_view line, want;
+  };
+  for (const Case& c :
+       {Case{"if 1 > 0 then 2 else 3 word",
+             "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number."
+             "conditionalKeyword.number].wordComment"},
+        {"5 if 2", "number.wordComment.number"},
+        {"5 if", "number.wordComment"},
+        {"then 5 if 2 else 3", "wordComment.number.wordComment.number.wordComment.number"},
+        {"unless 1 > 2 else 3",
+         "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number]"}}) {
+    EXPECT_EQ(reader.shape(c.line), c.want) << c.line;
+  }
+}
+
+TEST(Conditionals, HaveClauses) {
+  const LineReader reader;
+  const TokenList list = reader.after("S12", "if 1 else 2");
+  EXPECT_EQ(list.ifClause()->rebuiltExpression(), " 1 ");
+  EXPECT_FALSE(list.thenClause());
+  EXPECT_EQ(list.elseClause()->rebuiltExpression(), " 2");
+  EXPECT_EQ(reader.after("S12", "if 1 else 2 then 3").ifClause()->rebuiltExpression(), " 1 else 2 ");
+}
+
+}  // namespace
+}  // namespace tavrine::testing

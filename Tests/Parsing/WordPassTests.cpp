@@ -1,0 +1,259 @@
+#include <random>
+#include <span>
+#include <vector>
+
+#include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Parsing/Squad/ConverterTypes.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
+#include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
+#include "Tests/Parsing/LineReader.h"
+
+namespace tavrine::testing {
+namespace {
+
+void allComments(EngineFeatureFlags& flags) { flags.commentingOptions = CommentingOptions::all(); }
+
+struct Case {
+  std::string_view stage, line, want;
+};
+
+void check(const LineReader& reader, std::span<const Case> cases) {
+  for (const Case& c : cases) EXPECT_EQ(reader.shapeAfter(c.stage, c.line), c.want) << c.stage << ": " << c.line;
+}
+
+TEST(WordPasses, JoinOperatorsOfSeveralCharacters) {
+  const LineReader reader;
+  struct OperatorCase {
+    std::string_view line;
+    TokenSubType want;
+  };
+  for (const auto& [line, want] : {OperatorCase{"2 ** 3", TokenSubType::powerOperator},
+                                   {"2 == 2", TokenSubType::equalTo},
+                                   {"2 <= 3", TokenSubType::lessThanOrEqualTo},
+                                   {"2 => 3", TokenSubType::greaterThanOrEqualTo},
+                                   {"2 != 3", TokenSubType::notEqualTo},
+                                   {"1 && 2", TokenSubType::logicalAndOperator},
+                                   {"1 || 2", TokenSubType::logicalOrOperator},
+                                   {"1 << 2", TokenSubType::bitwiseLeftShiftOperator},
+                                   {"1 >> 2", TokenSubType::bitwiseRightShiftOperator},
+                                   {"2 divides into 6", TokenSubType::reverseDivisionOperator},
+                                   {"2 is at least 6", TokenSubType::greaterThanOrEqualTo}}) {
+    const TokenList list = reader.after("S12", line);
+    ASSERT_EQ(list.count(), 5U) << line << ": " << shapeOf(list);
+    EXPECT_TRUE(list[2].is(TokenType::operator_, want)) << line;
+  }
+  // Blanks part them, and nothing is left over or taken twice.
+  check(reader, std::vector<Case>{{"S12", "2 * * 3", "number.operator.operator.number"},
+                                  {"S12", "2***3", "number operator operator number"},
+                                  {"S12", "x = = 3", "operator.equals.equals.number"},
+                                  {"S12", "a === b", "grammerArticleWord.equals operator.unidentified"}});
+}
+
+TEST(WordPasses, ReadConjunctionsByTheLine) {
+  LineReader reader;
+  check(reader, std::vector<Case>{{"S9", "5 and 6", "number.conjunctionWord.number"},
+                                  {"S9", "1 > 0 or 6", "number.operator.number.operator.number"}});
+  // What an earlier line found to be true makes this one logical only if it is an operator, not a truth value.
+  reader.declare("q", EvaluationResult::boolean(true));
+  EXPECT_EQ(reader.shapeAfter("S9", "q and 5"), "variable.conjunctionWord.number");
+  EXPECT_EQ(reader.shapeAfter("G23", "!true"), "operator boolean");
+  EXPECT_EQ(reader.shapeAfter("G23", "! word"), "wordComment.wordComment");
+}
+
+TEST(WordPasses, WrapComments) {
+  const LineReader plain;
+  EXPECT_EQ(plain.shape("5 // 2"), "number.operator operator.number");
+  EXPECT_EQ(plain.shape("(some words) 5"), "subexpression[bracket wordComment.wordComment bracket].number");
+  const LineReader reader(allComments);
+  check(reader, std::vector<Case>{
+                    {"G1", "5 // 2 ", "number.slashComment[operator operator.number]."},
+                    {"G1", "5 // 2 // 3", "number.slashComment[operator operator.number.operator operator.number]"},
+                    {"G1", "5 //2", "number.operator operator number"},
+                    {"G1", "y:// b", "unidentified colon operator operator.unidentified"},
+                    {"G18", "\"a\" \"b\" \"",
+                     "legacyQuotationComment[quotationMark grammerArticleWord quotationMark]."
+                     "legacyQuotationComment[quotationMark wordComment quotationMark]."
+                     "quotationMark"},
+                    {"L1", "#food ## 5", "hashtag.hash.number"},
+                    {"L1", "(b, c) 5", "bracketComment.number"},
+                    {"L1", "2 * (b)", "number.operator.bracketComment"},
+                    {"L1", "2 * (b 5)", "number.operator.subexpression[bracket wordComment.number bracket]"},
+                    {"L1", "(b 5)", "bracketComment"},
+                    {"L1", "(b 5) ^ 2", "subexpression[bracket wordComment.number bracket].operator.number"},
+                    {"L1", "(5)", "subexpression[bracket number bracket]"},
+                    {"L1", "(1 + 5 b)", "subexpression[bracket number.operator.number.wordComment bracket]"},
+                });
+  const TokenList list = reader.after("G18", "\"a note\" 5");
+  EXPECT_EQ(list[0].metadataAs<QuotationCommentTokenMetadata>()->stringValue, "a note");
+}
+
+TEST(WordPasses, KnowTagsWithoutTheirHash) {
+  LineReader reader(allComments);
+  reader.declare("#food", EvaluationResult::decimal(Decimal(5)), Variable::VariableType::tag);
+  reader.declare("#rent", EvaluationResult::decimal(Decimal(5)));
+  EXPECT_EQ(reader.shapeAfter("G19", "total food"), "statisticType.hashtag");
+  EXPECT_EQ(reader.shapeAfter("G19", "total rent"), "statisticType.wordComment");
+  EXPECT_EQ(reader.shapeAfter("G19", "5 food"), "number.wordComment");
+  reader.variables.clearVariable("#food");
+  EXPECT_TRUE(reader.variables.unhashedTags().empty());
+}
+
+TEST(WordPasses, WrapLabels) {
+  check(LineReader(), std::vector<Case>{{"G2", "12:30", "number colon number"},
+                                        {"G2", "Item 12: 30", "unidentified.label[number colon].number"},
+                                        {"G2", "Rent:500", "label[unidentified colon] number"},
+                                        {"G2", "Rent : 500", "label[unidentified.colon].number"},
+                                        {"G2", ": 5", "colon.number"},
+                                        {"G2", "a::5", "grammerArticleWord label[colon colon] number"}});
+  check(LineReader(allComments),
+        std::vector<Case>{{"G36", "Monthly rent: 500", "labelExpression[wordComment.label[unidentified colon]].number"},
+                          {"G36", " 5 apples: 3", ".labelExpression[number.label[unidentified colon]].number"},
+                          {"G36", ")a: 3", "bracket label[grammerArticleWord colon].number"}});
+}
+
+TEST(WordPasses, WrapLists) {
+  check(LineReader(), std::vector<Case>{{"G24", "total of 1, 2 and 3 ",
+                                         "statisticType.prepositionWord.list[number comma.number."
+                                         "conjunctionWord.number]."},
+                                        {"G24", "total of 1", "statisticType.prepositionWord.number"},
+                                        {"G24", "of 1, 2", "prepositionWord.number comma.number"},
+                                        {"G24", "with 1, 2", "prepositionWord.list[number comma.number]"},
+                                        {"G24", "(total 1, 2) + 3",
+                                         "subexpression[bracket statisticType.list[number comma.number] "
+                                         "bracket].operator.number"}});
+}
+
+TEST(WordPasses, WrapConverters) {
+  const LineReader reader;
+  const auto converter = [&reader](std::string_view line) {
+    const TokenList list = reader.after("G30", line);
+    const Token* token = list.firstTokenOfType(TokenType::converter);
+    return token != nullptr ? std::string(toString(token->subType)) + " " + token->stringValue : "none";
+  };
+  EXPECT_EQ(converter("0.5 as a fraction"), "fractionConverter as a fraction");
+  EXPECT_EQ(converter("0.5 as the fraction"), "none");
+  EXPECT_EQ(converter("0.5 in %"), "percentageConverter in %");
+  EXPECT_EQ(converter("1700000000 as date"), "dateConverter as date");
+  EXPECT_EQ(converter("words as hex"), "none");
+  EXPECT_EQ(converter("5 as words"), "none");
+  EXPECT_EQ(reader.shapeAfter("G30", "1700000000 as date"),
+            "unixTimestamp[number].converter[converterSymbol.typeName]");
+  EXPECT_EQ(reader.shapeAfter("G30", "5 frequency rate"), "number.rate");
+
+  EngineFeatureFlags flags;
+  flags.hexAndBinary = flags.musicalConversions = false;
+  for (const TokenSubType off :
+       {TokenSubType::octalTypeName, TokenSubType::pitchTypeName, TokenSubType::rateTypeName}) {
+    EXPECT_EQ(converterTypeOf(Token(TokenType::typeName, off, "t", {0, 1}), flags), TokenSubType::notSpecified);
+  }
+}
+
+/// Tokens that lines come to only with units and dates, side by side with blanks between them.
+TokenList listOf(std::vector<Token> tokens) {
+  std::vector<Token> parted;
+  for (Token& token : tokens) {
+    if (!parted.empty()) parted.emplace_back(TokenType::whitespace, " ", NSRange::zero);
+    parted.push_back(std::move(token));
+  }
+  return TokenList(std::move(parted)).listWithRecalculatedTokenRanges(0, false);
+}
+Token token(TokenType type, std::string text, TokenSubType subType = TokenSubType::notSpecified) {
+  return Token(type, subType, std::move(text), NSRange::zero);
+}
+
+TEST(WordPasses, ConvertIntoUnitsAndRates) {
+  const LineReader reader;
+  const Token km = token(TokenType::unit, "km");
+  const Token amount = token(TokenType::unitExpression, "5m");
+  const Token in = token(TokenType::converterSymbol, "in", TokenSubType::converterSymbolIn);
+  const Token per = token(TokenType::operator_, "/", TokenSubType::divisionOperator);
+  const Token at = token(TokenType::prepositionWord, "at", TokenSubType::prepositionWordAt);
+  const Token number = token(TokenType::number, "2", TokenSubType::positiveNumber);
+  const Token zone = token(TokenType::timezone, "CET");
+  struct ConverterCase {
+    std::vector<Token> tokens;
+    std::string_view want;
+  };
+  const std::vector<ConverterCase> cases = {
+      {{amount, in, km}, "unitConverter: in km"},
+      {{amount, in, km, per, km}, "rateConverter: in km / km"},
+      {{amount, in, per, km}, "rateConverter: in / km"},
+      {{amount, in, km, at, number}, "unitConverterWithExplicitRate: in km at 2"},
+      {{amount, in, km, at}, "unitConverter: in km"},
+      {{amount, in, amount}, "unitExpressionConverter: in 5m"},
+      {{number, in, amount}, ""},
+      {{amount, in, zone}, ""},
+      {{token(TokenType::datestamp, "now"), in, zone}, "timezoneConverter: in CET"},
+      {{in, km}, ""},
+      {{token(TokenType::wordComment, "w"), in, km}, ""},
+      {{amount, in, token(TokenType::dpSpecifier, "2dp")}, "roundingToDpConverter: in 2dp"},
+  };
+  for (const ConverterCase& c : cases) {
+    TokenList list = listOf(c.tokens);
+    ParseScratch scratch;
+    const PassContext context{.parser = reader.parser(),
+                              .customization = reader.parser().engineCustomization(),
+                              .features = reader.parser().engineCustomization().featureFlags(),
+                              .content = reader.parser().engineContent(),
+                              .numberDetector = reader.parser().numberDetector(),
+                              .variables = reader.variables,
+                              .subsheets = nullptr,
+                              .rawExpression = {},
+                              .scratch = scratch};
+    passes::identifyConvertersIn(list, context);
+    const Token* found = list.firstTokenOfType(TokenType::converter);
+    EXPECT_EQ(found != nullptr ? std::string(toString(found->subType)) + ": " + found->stringValue : "", c.want)
+        << listOf(c.tokens).rebuiltExpression();
+  }
+}
+
+TEST(WordPasses, LookIntoWordsWhereNoBlanksPartThem) {
+  const VariableList none;
+  const auto types = [&none](const LineReader& reader) {
+    return reader.parser().simpleTokenListFrom("abpercentcd", none).typesEverPresent();
+  };
+  EXPECT_FALSE(types(LineReader()).contains(TokenType::percentageSymbol));
+  EXPECT_TRUE(types(LineReader(nullptr, "zh_CN")).contains(TokenType::percentageSymbol));
+}
+
+TEST(WordPasses, ReadPhrasePatternsWithTheirLabelsAndBrackets) {
+  EXPECT_EQ(shapeOf(Parser::tokenListForPrototypeMatching("a: (__decimal + b)")),
+            "label[grammerArticleWord colon].subexpression[bracket customInternal.operator.unidentified bracket]");
+}
+
+/// Words, signs and brackets in any order: whatever the passes make of them, it is the line.
+TEST(WordPasses, TileRandomLines) {
+  const std::vector<std::string_view> pieces = {
+      "5",    "-5",   "q",    "q w",  "word",   "abc",   "+",   "-",    "*",           "/",       "//",
+      "=",    "==",   "<",    "(",    ")",      "\"",    ":",   "#tag", "!",           "%",       "if",
+      "then", "else", "and",  "or",   "in",     "as",    "a",   "as",   ",",           "?",       "√",
+      "with", "of",   "plus", "five", "unless", "total", "hex", "the",  "is at least", "é",       "🙂",
+      ";",    "1/2",  "sqrt", "date", ".",      "mod",   "to",  "rate", "true",        "round up"};
+  std::mt19937 random(7);
+  const auto flagSets = {LineReader::FlagChange{nullptr}, LineReader::FlagChange{[](EngineFeatureFlags& flags) {
+                           flags.commentingOptions = CommentingOptions::all();
+                           flags.variableDeclarations = true;
+                           flags.additionalOptions.remoteQueries = true;
+                         }}};
+  for (const auto flags : flagSets) {
+    LineReader reader(flags);
+    for (int round = 0; round < 400; ++round) {
+      if (round == 200) {
+        reader.declare("q", EvaluationResult::percentage(Percentage{Decimal(5)}));
+        reader.declare("word", EvaluationResult::decimal(Decimal(-12)));
+        reader.declare("q w", EvaluationResult::rawString("q ="));
+      }
+      std::string line;
+      for (std::size_t count = random() % 14; count-- > 0;) {
+        line += pieces[random() % pieces.size()];
+        if (random() % 3 != 0) line += " ";
+      }
+      EXPECT_EQ(reader.tokens(line).rebuiltExpression(), line);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tavrine::testing
