@@ -270,9 +270,10 @@ constexpr Case kGroups[] = {
     {"G26", "2*1/4", "2 * fraction(0.25)"},
     {"G26", "3÷4", "3 ÷ 4"},
     {"G26", "(1/2)", "subexpression[bracket fraction(0.5) bracket]"},
-    {"G26", "8/4/2", "fraction(2) / 2"},
-    {"G26", "3 1/2", "3 _ 1 / 2"},
-    {"G26", "3/0", "3 / 0"},
+    // From the end; where no phrase takes them, the clean-up takes them apart again.
+    {"G26", "8/4/2", "8 / fraction(2)"},
+    {"G26", "3 1/2", "3 _ fraction(0.5)"},
+    {"G26", "3/0", "fraction(NaN)"},
     {"G26", "6 / 1/2", "6 _ / _ fraction(0.5)"},
     // A resolution is looked for beside units alone.
     {"G26", "1920x1080", "1920 x 1080"},

@@ -185,13 +185,8 @@ void identifyFractionsIn(TokenList& list, const PassContext&) {
         const Token& numerator = tokens[*index - 1];
         const Token& denominator = tokens[*index + 1];
         if (!numerator.is(TokenType::number) || !denominator.is(TokenType::number)) return;
-        // What divides by zero is no value: the evaluation tells so.
-        if (numberIn(denominator).isZero()) return;
         const Token* before = tokens.tokenBefore(*index - 1, /*ignoreWhitespace=*/true);
-        // "3 1/2" is one number, which the processors put together.
-        if (before != nullptr && (before->is(TokenType::number) || bindsTighterThanDivision(*before))) return;
-        // A chain without blanks divides from the left: "8/4/2" is 1, while "6 / 1/2" is 12.
-        if (*index >= 2 && isSlash(tokens[*index - 2])) return;
+        if (before != nullptr && bindsTighterThanDivision(*before)) return;
         const Fraction fraction{numberIn(numerator) / numberIn(denominator), std::nullopt};
         tokens.replaceRun(*index - 1, *index + 1,
                           tokens.slice(*index - 1, *index + 1)
