@@ -1,5 +1,7 @@
 #include "TavrineCore/Calculator.h"
 
+#include <utility>
+
 #include "Foundation/OperationQueue.h"
 #include "Foundation/SerialQueue.h"
 #include "Foundation/Text.h"
@@ -73,8 +75,8 @@ const EngineCustomization& Calculator::customization() const {
 }
 
 CalculationResult Calculator::calculate(std::string_view expression, const std::shared_ptr<VariableList>& variables) {
-  const std::shared_ptr<const VariableList> all = finalVariableListFor(variables, historicalVariables_->current());
-  return calculationResultFor(expression, all ? *all : emptyVariables());
+  std::shared_ptr<const VariableList> all = finalVariableListFor(variables, historicalVariables_->current());
+  return calculationResultFor(expression, std::move(all));
 }
 
 std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
@@ -82,7 +84,7 @@ std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
   if (!explicitList) return historicalList;
   if (!explicitList->isFullyDefined()) {
     explicitList->provideDefinitionsForValuesWith([this](const std::string& value) {
-      return std::make_shared<const EvaluationResult>(calculationResultFor(value, emptyVariables()).evaluationResult);
+      return std::make_shared<const EvaluationResult>(calculationResultFor(value, nullptr).evaluationResult);
     });
   }
   if (!historicalList) return explicitList;
@@ -92,10 +94,13 @@ std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
   return both;
 }
 
-CalculationResult Calculator::calculationResultFor(std::string_view expression, const VariableList& variables) {
+CalculationResult Calculator::calculationResultFor(std::string_view expression,
+                                                   std::shared_ptr<const VariableList> variables) {
   std::string storage;
-  auto tokens = std::make_shared<const TokenList>(
-      parsingController_->parser().tokensFor(validText(expression, storage), variables));
+  auto tokens = std::make_shared<const TokenList>(parsingController_->parser().tokensFor(
+      validText(expression, storage), variables ? *variables : emptyVariables()));
+  // Held on to, the list of the calculator would have to be copied for what this line declares.
+  variables.reset();
   const EvaluationResult result = evaluationController_->evaluationResultFor(*tokens, formattingPreferences);
   const bool remembers = retainsHistoricalVariables && customization().featureFlags().variableDeclarations;
   // Looked for before formatting, which puts the value in the place of its variable.

@@ -70,7 +70,8 @@ class Calculator {
 
   std::shared_ptr<const VariableList> finalVariableListFor(const std::shared_ptr<VariableList>& explicitList,
                                                            const std::shared_ptr<const VariableList>& historicalList);
-  CalculationResult calculationResultFor(std::string_view expression, const VariableList& variables);
+  /// Null for no variables. The list is given back as soon as the line is parsed.
+  CalculationResult calculationResultFor(std::string_view expression, std::shared_ptr<const VariableList> variables);
 
   std::shared_ptr<const ParsingController> parsingController_;
   std::shared_ptr<const EvaluationController> evaluationController_;
