@@ -69,11 +69,8 @@ using TokenOfUnixTime = Token (*)(const Decimal& seconds);
 constexpr TokenOfUnixTime kTokenOfUnixTime = nullptr;
 
 std::string canonicalName(std::string_view typed) {
-  std::string name(typed);
-  if (const std::size_t arc = name.find(kArcPrefix); arc != std::string::npos) {
-    name.replace(arc, kArcPrefix.size(), "a");
-  }
-  return lowercased(name);
+  if (typed.starts_with(kArcPrefix)) return "a" + lowercased(typed.substr(kArcPrefix.size()));
+  return lowercased(typed);
 }
 
 /// "12 k", where the host has a function "k" that the engine doesn't know: the value in thousands.
