@@ -13,8 +13,6 @@ namespace {
 /// Whether the parser looks for the variable among the words of a line: line references are met as characters.
 bool isMatchedByWords(const Variable& variable) { return variable.type != Variable::VariableType::lineReference; }
 
-bool isMultiWord(const Variable& variable) { return isMatchedByWords(variable) && variable.isPhrase.value_or(false); }
-
 bool isTagWithHash(const Variable& variable) {
   return variable.type == Variable::VariableType::tag && variable.name.starts_with('#');
 }
@@ -83,8 +81,15 @@ std::vector<Variable> VariableList::multiWordVariables(bool reverseSortByLength)
   forEach([&](const Variable& variable) {
     if (isMultiWord(variable)) variables.push_back(variable);
   });
-  if (!reverseSortByLength) return variables;
+  if (reverseSortByLength) sortByLength(variables);
+  return variables;
+}
 
+bool VariableList::isMultiWord(const Variable& variable) {
+  return isMatchedByWords(variable) && variable.isPhrase.value_or(false);
+}
+
+void VariableList::sortByLength(std::vector<Variable>& variables) {
   std::vector<std::pair<std::size_t, std::size_t>> lengthsAndIndexes;
   lengthsAndIndexes.reserve(variables.size());
   for (std::size_t i = 0; i < variables.size(); ++i) {
@@ -95,7 +100,7 @@ std::vector<Variable> VariableList::multiWordVariables(bool reverseSortByLength)
   std::vector<Variable> sorted;
   sorted.reserve(variables.size());
   for (const auto& [length, index] : lengthsAndIndexes) sorted.push_back(std::move(variables[index]));
-  return sorted;
+  variables = std::move(sorted);
 }
 
 std::vector<Variable> VariableList::variablesExludingLineReferences() const {

@@ -53,6 +53,10 @@ class VariableList {
   [[nodiscard]] std::vector<Variable> singleWordVariables() const;
   /// Those that are phrases, without line references; longest first (in characters) when `reverseSortByLength`.
   [[nodiscard]] std::vector<Variable> multiWordVariables(bool reverseSortByLength) const;
+  /// Whether the variable is one of `multiWordVariables`.
+  [[nodiscard]] static bool isMultiWord(const Variable& variable);
+  /// Longest names first, in characters.
+  static void sortByLength(std::vector<Variable>& variables);
   /// Whether `multiWordVariables` has any: at no cost.
   [[nodiscard]] bool hasMultiWordVariables() const { return multiWordCount_ != 0; }
   /// The names of the tags that a line may mention without their "#" where it asks for a statistic: "#food".

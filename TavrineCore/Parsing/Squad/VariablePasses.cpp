@@ -14,6 +14,7 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Parsing/Helpers/TokenListVariableSubstitutor.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -60,7 +61,9 @@ class TextCursor {
   std::size_t offset_ = 0;
 };
 
-std::string_view upToWhitespace(std::string_view text) { return text.substr(0, text.find_first_of(" \t")); }
+/// Words and the white space between them. A name of thousands of words, looked for at each of thousands of tokens,
+/// would take seconds.
+constexpr std::size_t kMaximumPhraseLexemes = 2 * kMaximumPhraseWords;
 
 struct PhraseMatch {
   std::size_t variable;  // its place in the order of names, longest first
@@ -68,15 +71,43 @@ struct PhraseMatch {
   std::size_t last;
 };
 
-/// The variables of several words, by the first word of their names.
+std::string_view upToWhitespace(std::string_view text) {
+  std::size_t length = 0;
+  while (length < text.size()) {
+    const DecodedScalar decoded = decodeScalar(text, length);
+    if (isWhitespace(decoded.scalar)) break;
+    length += decoded.length;
+  }
+  return text.substr(0, length);
+}
+
+/// Whether all words of the name are somewhere in the text, which is in lower case. Most names are not in a line, and
+/// those needn't be lexed.
+bool allWordsAreIn(const std::string& text, const std::string& name) {
+  const std::string lowercasedName = lowercased(name);
+  std::string_view rest = trimmedStart(lowercasedName);
+  while (!rest.empty()) {
+    const std::string_view word = upToWhitespace(rest);
+    if (word.empty() || text.find(word) == std::string::npos) return false;
+    rest = trimmedStart(rest.substr(word.size()));
+  }
+  return true;
+}
+
+/// The variables of several words that a list may hold, by the first word of their names.
 class PhraseVariables {
  public:
-  PhraseVariables(const VariableList& variables, const Locale& locale)
-      : variables_(variables.multiWordVariables(/*reverseSortByLength=*/true)) {
+  PhraseVariables(const VariableList& variables, const TokenList& list, const Locale& locale) {
+    const std::string text = lowercased(list.rebuiltExpression());
+    variables.forEach([&](const Variable& variable) {
+      if (VariableList::isMultiWord(variable) && allWordsAreIn(text, variable.name)) variables_.push_back(variable);
+    });
+    VariableList::sortByLength(variables_);
     phrases_.reserve(variables_.size());
     for (const Variable& variable : variables_) {
       phrases_.push_back(Lexer::lexemesFor(variable.name, locale));
-      if (phrases_.back().size() < 2) continue;
+      const std::size_t length = phrases_.back().size();
+      if (length < 2 || length > kMaximumPhraseLexemes) continue;
       const std::string_view firstLexeme = phrases_.back().front().string;
       const std::string_view firstWord = upToWhitespace(variable.name);
       phrasesByFirstWord_[lowercased(firstLexeme)].push_back(phrases_.size() - 1);
@@ -134,7 +165,7 @@ class PhraseVariables {
 }  // namespace
 
 void identifyMultiWordVariablesIn(TokenList& list, const PassContext& context) {
-  const PhraseVariables variables(context.variables, context.customization.locale());
+  const PhraseVariables variables(context.variables, list, context.customization.locale());
   std::vector<PhraseMatch> matches = variables.matchesIn(list);
   std::sort(matches.begin(), matches.end(),
             [](const PhraseMatch& a, const PhraseMatch& b) { return a.first > b.first; });
