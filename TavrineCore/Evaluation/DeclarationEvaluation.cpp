@@ -10,6 +10,7 @@
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Parsing/Lexing/StringLexing.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
@@ -46,8 +47,6 @@ EvaluationResult assigned(Assignment assignment, const EvaluationResult* earlier
   if (!operation || earlier == nullptr) return value;
   return evaluatedPair(earlier->tokenized(), value.tokenized(), *operation).evaluationResult();
 }
-
-bool isPhrase(const std::string& name) { return name.find(' ') != std::string::npos; }
 
 Variable variableWith(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
   Variable variable(declaration.variableName, declaration.variableValueString, Variable::VariableType::local);
