@@ -42,6 +42,26 @@ TEST(Declarations, TellNameValueAndAssignment) {
   EXPECT_EQ(LineReader(declaring).tokens("x += 2").declaredVariableNames(), std::vector<std::string>{"x +"});
 }
 
+TEST(Declarations, NeedANameBeforeTheOperator) {
+  LineReader reader(declaring);
+  reader.variables.setVariable(Variable("k", std::nullopt, Variable::VariableType::local));
+  struct Case {
+    std::string_view line, name;
+    Assignment type;
+  };
+  // "x" also says "times".
+  for (const Case& c : {Case{"x = k + 1", "x", Assignment::vanilla},
+                        {"Total: x = k", "x", Assignment::vanilla},
+                        {"k x = 3", "k", Assignment::multiplicative}}) {
+    const TokenList list = reader.tokens(c.line);
+    const Token* token = list.firstTokenOfType(TokenType::variableDeclaration);
+    ASSERT_NE(token, nullptr) << c.line << ": " << shapeOf(list);
+    const auto* metadata = token->metadataAs<VariableDeclarationTokenMetadata>();
+    EXPECT_EQ(metadata->variableName, c.name) << c.line;
+    EXPECT_EQ(metadata->type, c.type) << c.line;
+  }
+}
+
 TEST(Declarations, TakeTheirShape) {
   const LineReader reader(declaring);
   struct Case {

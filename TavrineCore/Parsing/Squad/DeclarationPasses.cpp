@@ -43,6 +43,14 @@ struct AssignmentToken {
   Assignment type;
 };
 
+/// The operator of "x += 5". Without a name before it it is the name: the "x" of "x = 5" also says "times".
+std::optional<std::size_t> operatorBefore(const TokenList& list, std::size_t equals) {
+  const auto operation = list.indexBefore(equals, /*ignoreWhitespace=*/true);
+  if (!operation || !list[*operation].is(TokenType::operator_)) return std::nullopt;
+  const auto name = list.indexBefore(*operation, /*ignoreWhitespace=*/true);
+  return name && !kBeforeName.contains(list[*name].type) ? operation : std::nullopt;
+}
+
 /// "=" and, where a variable is known, "+=" and the like become operators of assignment; told from last to first.
 std::vector<AssignmentToken> wrapAssignmentOperators(TokenList& list) {
   std::vector<AssignmentToken> result;
@@ -51,10 +59,9 @@ std::vector<AssignmentToken> wrapAssignmentOperators(TokenList& list) {
     std::size_t first = i;
     Assignment type = Assignment::vanilla;
     if (list.typePrecheck(TokenType::variable)) {
-      const auto before = list.indexBefore(i, /*ignoreWhitespace=*/true);
-      if (before && list[*before].is(TokenType::operator_)) {
-        first = *before;
-        type = assignmentBy(list[*before].subType);
+      if (const auto operation = operatorBefore(list, i)) {
+        first = *operation;
+        type = assignmentBy(list[first].subType);
       }
     }
     const TokenSlice slice = list.slice(first, i);
