@@ -255,6 +255,8 @@ DeidentifierAction actionFor(const Item& item, const EngineFeatureFlags& feature
       return item.action(unpack, TokenType::wordFunction);
     case TokenType::converter:
       if (item.proceededByMeaningfulToken()) return none;
+      // A word that converts by itself: "rounded 5.4".
+      if (!item.token().subtokens) return deidentify;
       return DeidentifierAction::unpackingAndDeidentifying(kDeidentifiedWithConverter);
     case TokenType::iso8601:
     case TokenType::labelExpression:
