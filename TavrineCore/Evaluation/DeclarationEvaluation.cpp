@@ -1,7 +1,9 @@
 #include "TavrineCore/Evaluation/DeclarationEvaluation.h"
 
+#include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -10,7 +12,6 @@
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
-#include "TavrineCore/Parsing/Lexing/StringLexing.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
@@ -48,9 +49,17 @@ EvaluationResult assigned(Assignment assignment, const EvaluationResult* earlier
   return evaluatedPair(earlier->tokenized(), value.tokenized(), *operation).evaluationResult();
 }
 
-Variable variableWith(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
+/// What was found of the name while it was read; null in tokens that declare nothing.
+const Variable* nameIn(const TokenList& tokens) {
+  const Token* name = tokens.firstTokenOfType(TokenType::declaredVariable);
+  const auto* metadata = name != nullptr ? name->metadataAs<VariableTokenMetadata>() : nullptr;
+  return metadata != nullptr ? &metadata->variable : nullptr;
+}
+
+Variable variableWith(const VariableDeclarationTokenMetadata& declaration, const Variable* name,
+                      EvaluationResult definition) {
   Variable variable(declaration.variableName, declaration.variableValueString, Variable::VariableType::local);
-  variable.isPhrase = isPhrase(declaration.variableName);
+  if (name != nullptr) variable.isPhrase = name->isPhrase;
   const auto& earlier = declaration.preExistingDefinition;
   variable.definition = std::make_shared<const EvaluationResult>(
       assigned(declaration.type, earlier ? earlier->definition.get() : nullptr, std::move(definition)));
@@ -68,28 +77,35 @@ EvaluationResult bareValueIn(const TokenList& tokens) {
   return EvaluationResult::none();
 }
 
-Token declared(const VariableDeclarationTokenMetadata& declaration, EvaluationResult definition) {
+Token declared(const VariableDeclarationTokenMetadata& declaration, const Variable* name, EvaluationResult definition) {
   if (definition.is(EvaluationResultCase::none) && declaration.supportsRawStringValues) {
     definition = EvaluationResult::rawString(declaration.variableValueString);
   }
-  return TokenFactory::variable(variableWith(declaration, std::move(definition)));
+  return TokenFactory::variable(variableWith(declaration, name, std::move(definition)));
 }
+
+struct AssignmentSign {
+  std::string_view sign;
+  Assignment type;
+};
+constexpr auto kAssignmentSigns = std::to_array<AssignmentSign>({
+    {"+", Assignment::additive},
+    {"-", Assignment::subtractive},
+    {"−", Assignment::subtractive},
+    {"*", Assignment::multiplicative},
+    {"×", Assignment::multiplicative},
+    {"/", Assignment::divizive},
+    {"÷", Assignment::divizive},
+});
 
 /// The kind of the assignment in the tokens, which its text begins with: "=", "+=".
 Assignment assignmentIn(const TokenList& tokens) {
   const Token* assignment = tokens.firstTokenOfType(TokenType::variableAssignmentOperator);
-  switch (assignment != nullptr && !assignment->stringValue.empty() ? assignment->stringValue.front() : '=') {
-    case '+':
-      return Assignment::additive;
-    case '-':
-      return Assignment::subtractive;
-    case '*':
-      return Assignment::multiplicative;
-    case '/':
-      return Assignment::divizive;
-    default:
-      return Assignment::vanilla;
+  if (assignment == nullptr) return Assignment::vanilla;
+  for (const AssignmentSign& row : kAssignmentSigns) {
+    if (assignment->stringValue.starts_with(row.sign)) return row.type;
   }
+  return Assignment::vanilla;
 }
 
 /// "y = if …": all that is known of the variable is its name, and what it has been so far.
@@ -97,7 +113,7 @@ Token declared(const Token& declaredVariable, Assignment assignment, const Token
   const auto* metadata = declaredVariable.metadataAs<VariableTokenMetadata>();
   if (metadata == nullptr) return Token();
   Variable variable(metadata->variable.name, std::nullopt, Variable::VariableType::local);
-  variable.isPhrase = isPhrase(variable.name);
+  variable.isPhrase = metadata->variable.isPhrase;
   variable.definition = std::make_shared<const EvaluationResult>(
       assigned(assignment, metadata->variable.definition.get(), value.evaluationResult()));
   return TokenFactory::variable(variable);
@@ -116,7 +132,7 @@ Token evaluateDeclaration(const Token& declaration) {
     const TokenList value(std::vector<Token>(tokens.begin() + behind, tokens.end()));
     EvaluationResult definition = evaluate(value).evaluationResult();
     if (definition.is(EvaluationResultCase::none)) definition = bareValueIn(tokens);
-    return declared(*variable, std::move(definition));
+    return declared(*variable, nameIn(tokens), std::move(definition));
   }
   if (const auto* unit = declaration.metadataAs<UnitDeclarationTokenMetadata>()) {
     return TokenFactory::unitExpressionWith(unit->value, unit->equivalentUnitExpression.unit);
@@ -130,8 +146,10 @@ Token evaluateConditionalDeclaration(const Token& declaration) {
   const Token* conditional = declaration.subtokens->firstTokenOfType(TokenType::conditionalExpression);
   if (conditional == nullptr) return Token();
   if (metadata->variableDeclaration) {
-    const auto* variable = metadata->variableDeclaration->metadataAs<VariableDeclarationTokenMetadata>();
-    return variable != nullptr ? declared(*variable, conditional->evaluated().evaluationResult()) : Token();
+    const Token& whole = *metadata->variableDeclaration;
+    const auto* variable = whole.metadataAs<VariableDeclarationTokenMetadata>();
+    if (variable == nullptr || !whole.subtokens) return Token();
+    return declared(*variable, nameIn(*whole.subtokens), conditional->evaluated().evaluationResult());
   }
   if (!metadata->declaredVariable) return Token();
   return declared(*metadata->declaredVariable, assignmentIn(*declaration.subtokens), conditional->evaluated());

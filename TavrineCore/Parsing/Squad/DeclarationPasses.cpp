@@ -6,8 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Lexing/Lexer.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
@@ -140,6 +142,7 @@ class DeclarationFinder {
     const TokenSlice slice = list_.slice(name.first, name.last);
     std::string text = slice.stringValue();
     Variable variable(text, std::nullopt, Variable::VariableType::local);
+    variable.isPhrase = Lexer::lexemesFor(text, context_.customization.locale()).size() > 1;
     if (const Variable* known = context_.variables.find(text)) variable.definition = known->definition;
     list_.replaceRun(name.first, name.last,
                      Token(TokenType::declaredVariable, TokenSubType::notSpecified, text, slice.range(), nullptr,
