@@ -118,6 +118,28 @@ TEST(VariableListTest, WordsAndPhrasesAreApart) {
   EXPECT_TRUE(list.multiWordVariables(true).empty());
 }
 
+TEST(VariableListTest, PhrasesAreFoundByWhatATextBeginsWith) {
+  VariableList list({variable("net"), phrase("net income"), phrase("Net  Income"), phrase("net income of 2024"),
+                     phrase("net incomes"), phrase("income tax"), phrase("ΟΔΟΣ α"), phrase("")});
+  const auto found = [&list](std::string_view text) {
+    Names result;
+    list.forEachPhraseAtStartOf(VariableList::phraseKey(text), [&](const std::shared_ptr<const Variable>& variable) {
+      result.push_back(variable->name);
+    });
+    return result;
+  };
+  EXPECT_EQ(found("NET \t income of 2025"), (Names{"net income", "Net  Income"}));
+  EXPECT_EQ(found("net income of 2024 + 1"), (Names{"net income of 2024", "net income", "Net  Income"}));
+  EXPECT_EQ(found("οδος α"), Names{"ΟΔΟΣ α"});
+  for (const std::string_view text : {"", "n", "net", "net incom", "zzz", "a", "the net income"}) {
+    EXPECT_EQ(found(text), Names{}) << text;
+  }
+
+  list.clearVariable("net income");
+  list.setVariable(variable("net income of 2024"));
+  EXPECT_EQ(found("net income of 2024"), Names{"Net  Income"});
+}
+
 TEST(VariableListTest, CopiesGoTheirOwnWay) {
   VariableList list({variable("a", "1"), phrase("b c")});
   const std::shared_ptr<VariableList> copy = list.copy();

@@ -10,8 +10,16 @@ namespace tavrine {
 
 namespace {
 
+/// The sigma at the end of a word, and the one that a capital sigma stands for alone.
+constexpr char32_t kFinalSigma = U'ς';
+constexpr std::string_view kSigma = "σ";
+
 /// Whether the parser looks for the variable among the words of a line: line references are met as characters.
 bool isMatchedByWords(const Variable& variable) { return variable.type != Variable::VariableType::lineReference; }
+
+bool isMultiWord(const Variable& variable) {
+  return isMatchedByWords(variable) && variable.isPhrase.value_or(false) && !variable.name.empty();
+}
 
 bool isTagWithHash(const Variable& variable) {
   return variable.type == Variable::VariableType::tag && variable.name.starts_with('#');
@@ -19,12 +27,31 @@ bool isTagWithHash(const Variable& variable) {
 
 }  // namespace
 
+std::string VariableList::phraseKey(std::string_view text) {
+  std::string key;
+  key.reserve(text.size());
+  for (std::size_t offset = 0; offset < text.size();) {
+    const DecodedScalar decoded = decodeScalar(text, offset);
+    const std::string_view scalar = text.substr(offset, decoded.length);
+    offset += decoded.length;
+    if (isWhitespace(decoded.scalar)) {
+      if (!key.ends_with(' ')) key += ' ';
+    } else if (decoded.scalar == kFinalSigma) {
+      key += kSigma;
+    } else {
+      // One by one, since what stands around a letter must not change its small form.
+      key += lowercased(scalar);
+    }
+  }
+  return key;
+}
+
 VariableList::VariableList(std::vector<Variable> variables) { setVariables(std::move(variables)); }
 
 std::shared_ptr<VariableList> VariableList::copy() const {
   auto list = std::make_shared<VariableList>();
   list->variableMap_ = variableMap_;
-  list->multiWordCount_ = multiWordCount_;
+  list->phrases_ = phrases_;
   list->unhashedTags_ = unhashedTags_;
   return list;
 }
@@ -43,7 +70,7 @@ void VariableList::setVariables(std::vector<Variable> variables) {
 void VariableList::store(std::shared_ptr<const Variable> variable) {
   // The key is a view into the variable, so that a replaced variable takes its key with it.
   clearVariable(variable->name);
-  if (isMultiWord(*variable)) ++multiWordCount_;
+  if (isMultiWord(*variable)) phrases_[phraseKey(variable->name)].push_back(variable);
   if (isTagWithHash(*variable)) unhashedTags_.insert(variable->name);
   const std::string_view name = variable->name;
   variableMap_.emplace(name, std::move(variable));
@@ -52,11 +79,14 @@ void VariableList::store(std::shared_ptr<const Variable> variable) {
 void VariableList::clearVariable(std::string_view name) {
   const auto found = variableMap_.find(name);
   if (found == variableMap_.end()) return;
-  if (isMultiWord(*found->second)) --multiWordCount_;
   if (isTagWithHash(*found->second)) unhashedTags_.erase(found->second->name);
   // The name handed in may be the key itself, which must outlive the node.
   const std::shared_ptr<const Variable> variable = found->second;
   variableMap_.erase(found);
+  if (!isMultiWord(*variable)) return;
+  const auto phrases = phrases_.find(phraseKey(variable->name));
+  std::erase(phrases->second, variable);
+  if (phrases->second.empty()) phrases_.erase(phrases);
 }
 
 std::vector<Variable> VariableList::allVariables() const {
@@ -76,20 +106,12 @@ std::vector<Variable> VariableList::singleWordVariables() const {
 
 std::vector<Variable> VariableList::multiWordVariables(bool reverseSortByLength) const {
   std::vector<Variable> variables;
-  if (multiWordCount_ == 0) return variables;
-  variables.reserve(multiWordCount_);
+  if (phrases_.empty()) return variables;
   forEach([&](const Variable& variable) {
     if (isMultiWord(variable)) variables.push_back(variable);
   });
-  if (reverseSortByLength) sortByLength(variables);
-  return variables;
-}
+  if (!reverseSortByLength) return variables;
 
-bool VariableList::isMultiWord(const Variable& variable) {
-  return isMatchedByWords(variable) && variable.isPhrase.value_or(false);
-}
-
-void VariableList::sortByLength(std::vector<Variable>& variables) {
   std::vector<std::pair<std::size_t, std::size_t>> lengthsAndIndexes;
   lengthsAndIndexes.reserve(variables.size());
   for (std::size_t i = 0; i < variables.size(); ++i) {
@@ -100,7 +122,7 @@ void VariableList::sortByLength(std::vector<Variable>& variables) {
   std::vector<Variable> sorted;
   sorted.reserve(variables.size());
   for (const auto& [length, index] : lengthsAndIndexes) sorted.push_back(std::move(variables[index]));
-  variables = std::move(sorted);
+  return sorted;
 }
 
 std::vector<Variable> VariableList::variablesExludingLineReferences() const {

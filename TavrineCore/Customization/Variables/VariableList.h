@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -14,8 +15,8 @@
 
 namespace tavrine {
 
-/// The variables that one calculation knows. Look-ups go through `find` and `forEach`, and nobody holds the map, so
-/// that another store (a view of a document as of some line) can stand behind them.
+/// The variables that one calculation knows. Look-ups go through `find`, `forEach` and `forEachPhraseAtStartOf`, and
+/// nobody holds the map, so that another store (a view of a document as of some line) can stand behind them.
 ///
 /// Takes no lock: a list belongs to one calculation, or is built once and then only read, from any thread.
 class VariableList {
@@ -41,6 +42,28 @@ class VariableList {
     for (const auto& [name, variable] : variableMap_) visit(*variable);
   }
 
+  /// A text as phrases are looked for: letter case and the kind and length of blanks make no difference.
+  [[nodiscard]] static std::string phraseKey(std::string_view text);
+
+  /// Calls `visit(variable)` with a shared pointer for each phrase whose key the text begins with, the longest key
+  /// first. Takes about as many steps as there are such phrases, however many others the list holds.
+  template <class Visit>
+  void forEachPhraseAtStartOf(std::string_view textKey, Visit&& visit) const {
+    while (!textKey.empty()) {
+      auto found = phrases_.upper_bound(textKey);
+      if (found == phrases_.begin()) return;
+      // All that the text begins with comes at or before this key in the order, and shares what both begin with.
+      const auto& [key, variables] = *--found;
+      const auto end = std::mismatch(key.begin(), key.end(), textKey.begin(), textKey.end()).first;
+      auto common = static_cast<std::size_t>(end - key.begin());
+      if (common == key.size()) {
+        for (const auto& variable : variables) visit(variable);
+        --common;
+      }
+      textKey = textKey.substr(0, common);
+    }
+  }
+
   /// Stores the variable under its name.
   void setVariable(Variable variable);
   void setVariables(std::vector<Variable> variables);
@@ -53,12 +76,8 @@ class VariableList {
   [[nodiscard]] std::vector<Variable> singleWordVariables() const;
   /// Those that are phrases, without line references; longest first (in characters) when `reverseSortByLength`.
   [[nodiscard]] std::vector<Variable> multiWordVariables(bool reverseSortByLength) const;
-  /// Whether the variable is one of `multiWordVariables`.
-  [[nodiscard]] static bool isMultiWord(const Variable& variable);
-  /// Longest names first, in characters.
-  static void sortByLength(std::vector<Variable>& variables);
   /// Whether `multiWordVariables` has any: at no cost.
-  [[nodiscard]] bool hasMultiWordVariables() const { return multiWordCount_ != 0; }
+  [[nodiscard]] bool hasMultiWordVariables() const { return !phrases_.empty(); }
   /// The names of the tags that a line may mention without their "#" where it asks for a statistic: "#food".
   [[nodiscard]] const StringSet& unhashedTags() const { return unhashedTags_; }
   /// The local and global ones, in the order of `forEach`.
@@ -85,7 +104,8 @@ class VariableList {
 
   // Sorted at all times, so that reading never has to fill a cache. The keys lie in the variables.
   std::map<std::string_view, std::shared_ptr<const Variable>, std::greater<>> variableMap_;
-  std::size_t multiWordCount_ = 0;
+  // The phrases by their keys, none of which is empty.
+  std::map<std::string, std::vector<std::shared_ptr<const Variable>>, std::less<>> phrases_;
   StringSet unhashedTags_;
 };
 

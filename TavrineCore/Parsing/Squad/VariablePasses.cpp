@@ -65,12 +65,6 @@ class TextCursor {
 /// would take seconds.
 constexpr std::size_t kMaximumPhraseLexemes = 2 * kMaximumPhraseWords;
 
-struct PhraseMatch {
-  std::size_t variable;  // its place in the order of names, longest first
-  std::size_t first;
-  std::size_t last;
-};
-
 std::string_view upToWhitespace(std::string_view text) {
   std::size_t length = 0;
   while (length < text.size()) {
@@ -81,62 +75,71 @@ std::string_view upToWhitespace(std::string_view text) {
   return text.substr(0, length);
 }
 
-/// Whether all words of the name are somewhere in the text, which is in lower case. Most names are not in a line, and
-/// those needn't be lexed.
-bool allWordsAreIn(const std::string& text, const std::string& name) {
-  const std::string lowercasedName = lowercased(name);
-  std::string_view rest = trimmedStart(lowercasedName);
-  while (!rest.empty()) {
-    const std::string_view word = upToWhitespace(rest);
-    if (word.empty() || text.find(word) == std::string::npos) return false;
-    rest = trimmedStart(rest.substr(word.size()));
-  }
-  return true;
-}
+/// A variable of several words.
+struct Phrase {
+  std::shared_ptr<const Variable> variable;
+  std::vector<Lexeme> lexemes;  // views into the name
+  std::size_t length;           // in characters
+};
 
-/// The variables of several words that a list may hold, by the first word of their names.
-class PhraseVariables {
+struct PhraseMatch {
+  const Phrase* phrase;
+  std::size_t first;
+  std::size_t last;
+};
+
+/// Looks for the variables of several words in a list.
+class PhraseFinder {
  public:
-  PhraseVariables(const VariableList& variables, const TokenList& list, const Locale& locale) {
-    const std::string text = lowercased(list.rebuiltExpression());
-    variables.forEach([&](const Variable& variable) {
-      if (VariableList::isMultiWord(variable) && allWordsAreIn(text, variable.name)) variables_.push_back(variable);
-    });
-    VariableList::sortByLength(variables_);
-    phrases_.reserve(variables_.size());
-    for (const Variable& variable : variables_) {
-      phrases_.push_back(Lexer::lexemesFor(variable.name, locale));
-      const std::size_t length = phrases_.back().size();
-      if (length < 2 || length > kMaximumPhraseLexemes) continue;
-      const std::string_view firstLexeme = phrases_.back().front().string;
-      const std::string_view firstWord = upToWhitespace(variable.name);
-      phrasesByFirstWord_[lowercased(firstLexeme)].push_back(phrases_.size() - 1);
-      // One token may hold the whole first word, "#food", or even more.
-      if (firstWord != firstLexeme) phrasesByFirstWord_[lowercased(firstWord)].push_back(phrases_.size() - 1);
-    }
-  }
-
-  const Variable& operator[](std::size_t index) const { return variables_[index]; }
+  PhraseFinder(const TokenList& list, const VariableList& variables, const Locale& locale)
+      : list_(list), variables_(variables), locale_(locale) {}
 
   /// Longer names first, each from left to right, none over another.
-  [[nodiscard]] std::vector<PhraseMatch> matchesIn(const TokenList& list) const {
-    std::vector<PhraseMatch> candidates;
-    for (std::size_t i = 0; i < list.count(); ++i) {
-      const auto phrases = phrasesByFirstWord_.find(lowercased(upToWhitespace(list[i].stringValue)));
-      if (phrases == phrasesByFirstWord_.end()) continue;
-      for (const std::size_t phrase : phrases->second) {
-        if (const auto last = endOf(phrases_[phrase], list, i)) candidates.push_back({phrase, i, *last});
-      }
+  [[nodiscard]] std::vector<PhraseMatch> matches() {
+    std::vector<std::size_t> starts;
+    std::string line;
+    for (const Token& token : list_) {
+      starts.push_back(line.size());
+      line += VariableList::phraseKey(token.stringValue);
     }
-    std::stable_sort(candidates.begin(), candidates.end(),
-                     [](const PhraseMatch& a, const PhraseMatch& b) { return a.variable < b.variable; });
-    return withoutOverlaps(std::move(candidates), list.count());
+    std::vector<PhraseMatch> candidates;
+    for (std::size_t i = 0; i < starts.size(); ++i) {
+      variables_.forEachPhraseAtStartOf(std::string_view(line).substr(starts[i]),
+                                        [&](const std::shared_ptr<const Variable>& variable) {
+                                          const Phrase& phrase = phraseOf(variable);
+                                          if (const auto last = endOf(phrase, i))
+                                            candidates.push_back({&phrase, i, *last});
+                                        });
+    }
+    std::sort(candidates.begin(), candidates.end(), comesBefore);
+    return withoutOverlaps(std::move(candidates), list_.count());
   }
 
  private:
-  static std::optional<std::size_t> endOf(const std::vector<Lexeme>& phrase, const TokenList& list, std::size_t index) {
-    TextCursor cursor(list, index);
-    for (const Lexeme& lexeme : phrase) {
+  const Phrase& phraseOf(const std::shared_ptr<const Variable>& variable) {
+    const auto [found, isNew] = phrases_.try_emplace(variable.get());
+    if (isNew) {
+      found->second = {variable, Lexer::lexemesFor(variable->name, locale_), clusterCount(variable->name)};
+    }
+    return found->second;
+  }
+
+  static bool comesBefore(const PhraseMatch& a, const PhraseMatch& b) {
+    if (a.phrase->length != b.phrase->length) return a.phrase->length > b.phrase->length;
+    const int order = a.phrase->variable->name.compare(b.phrase->variable->name);
+    return order != 0 ? order > 0 : a.first < b.first;
+  }
+
+  [[nodiscard]] std::optional<std::size_t> endOf(const Phrase& phrase, std::size_t index) const {
+    if (phrase.lexemes.size() < 2 || phrase.lexemes.size() > kMaximumPhraseLexemes) return std::nullopt;
+    // No phrase begins with a part of a word. One token may hold the whole first word, "#food", or even more.
+    const std::string word = lowercased(upToWhitespace(list_[index].stringValue));
+    if (word != lowercased(phrase.lexemes.front().string) &&
+        word != lowercased(upToWhitespace(phrase.variable->name))) {
+      return std::nullopt;
+    }
+    TextCursor cursor(list_, index);
+    for (const Lexeme& lexeme : phrase.lexemes) {
       const bool says =
           lexeme.type == LexemeType::whitespace ? cursor.stepOverWhitespace() : cursor.stepOverWord(lexeme.string);
       if (!says) return std::nullopt;
@@ -157,23 +160,24 @@ class PhraseVariables {
     return candidates;
   }
 
-  std::vector<Variable> variables_;
-  std::vector<std::vector<Lexeme>> phrases_;  // views into the names above
-  std::unordered_map<std::string, std::vector<std::size_t>> phrasesByFirstWord_;
+  const TokenList& list_;
+  const VariableList& variables_;
+  const Locale& locale_;
+  std::unordered_map<const Variable*, Phrase> phrases_;  // those met so far; a map that keeps them in their places
 };
 
 }  // namespace
 
 void identifyMultiWordVariablesIn(TokenList& list, const PassContext& context) {
-  const PhraseVariables variables(context.variables, list, context.customization.locale());
-  std::vector<PhraseMatch> matches = variables.matchesIn(list);
+  PhraseFinder finder(list, context.variables, context.customization.locale());
+  std::vector<PhraseMatch> matches = finder.matches();
   std::sort(matches.begin(), matches.end(),
             [](const PhraseMatch& a, const PhraseMatch& b) { return a.first > b.first; });
   for (const PhraseMatch& match : matches) {
     const TokenSlice slice = list.slice(match.first, match.last);
     list.replaceRun(match.first, match.last,
                     Token(TokenType::variable, TokenSubType::notSpecified, slice.stringValue(), slice.range(), nullptr,
-                          std::make_shared<const VariableTokenMetadata>(variables[match.variable])));
+                          std::make_shared<const VariableTokenMetadata>(*match.phrase->variable)));
   }
 }
 
