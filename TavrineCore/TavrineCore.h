@@ -6,6 +6,7 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/DefinedVariablesList.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/GlobalEngineState.h"

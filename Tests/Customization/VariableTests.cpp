@@ -9,7 +9,6 @@
 
 #include "Foundation/Environment.h"
 #include "Foundation/RandomSource.h"
-#include "TavrineCore/Customization/Variables/DefinedVariablesList.h"
 #include "TavrineCore/Customization/Variables/SingleCharacterUIDGenerator.h"
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
@@ -175,31 +174,6 @@ TEST(VariableListTest, DefinitionsAreProvidedForTextsAlone) {
   EXPECT_FALSE(list.isFullyDefined());
   list.clearVariable("bare");
   EXPECT_TRUE(list.isFullyDefined());
-}
-
-TEST(DefinedVariablesListTest, TellsPhrasesByTheirLexemes) {
-  Names lexed;
-  const VariableDefinitionBlocks blocks = {
-      .lexemeCount =
-          [&](std::string_view name) {
-            lexed.emplace_back(name);
-            return name.find(' ') == std::string_view::npos ? std::size_t{1} : std::size_t{3};
-          },
-      .definition = [](const std::string&) { return boxed(EvaluationResult::pending()); },
-  };
-  Variable known = variable("a b");
-  known.isPhrase = false;
-  const auto list = makeDefinedVariablesList(
-      {variable("plain"), variable("größe"), variable("Capital", "1"), variable("two words"), std::move(known)},
-      blocks);
-  // Names of lower-case letters alone aren't lexed, and neither are those whose kind is known.
-  EXPECT_EQ(lexed, (Names{"Capital", "two words"}));
-  EXPECT_EQ(list->find("plain")->isPhrase, false);
-  EXPECT_EQ(list->find("größe")->isPhrase, false);
-  EXPECT_EQ(list->find("Capital")->isPhrase, false);
-  EXPECT_EQ(list->find("two words")->isPhrase, true);
-  EXPECT_EQ(list->find("a b")->isPhrase, false);
-  EXPECT_NE(list->find("Capital")->definition, nullptr);
 }
 
 TEST(SingleCharacterUIDGeneratorTest, TellsUIDsFromOtherText) {

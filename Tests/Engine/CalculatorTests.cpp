@@ -1,12 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "TavrineCore/Calculator.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/DefinedVariablesList.h"
 #include "TavrineCore/EvaluationController.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -79,6 +84,29 @@ TEST_F(CalculatorTest, VariablesThatNameThemselvesEnd) {
   list->setVariable(Variable("b", "a + 1", VariableType::global));
   list->setVariable(Variable("c", "c + 1", VariableType::global));
   EXPECT_EQ(calculator.calculate("a + b + c", list).stringValue, "3");
+}
+
+TEST_F(CalculatorTest, DefinedVariablesKnowTheirValuesAndWhetherTheyArePhrases) {
+  const auto given = [](std::string name, std::optional<std::string> value = std::nullopt) {
+    return Variable(std::move(name), std::move(value), VariableType::global);
+  };
+  Variable known = given("a b", "1");
+  known.isPhrase = false;
+  const auto list = makeDefinedVariablesList({given("größe", "2 * 3"), given("Capital", "größe + 1"),
+                                              given("monthly rent", "10 * 50"), given("rent2.", "4"), given("bare"),
+                                              std::move(known)});
+  for (const auto& [name, isPhrase] : std::initializer_list<std::pair<std::string_view, bool>>{
+           {"größe", false}, {"Capital", false}, {"monthly rent", true}, {"rent2.", true}, {"a b", false}}) {
+    ASSERT_NE(list->find(name), nullptr) << name;
+    EXPECT_EQ(list->find(name)->isPhrase, isPhrase) << name;
+    EXPECT_NE(list->find(name)->definition, nullptr) << name;
+  }
+  EXPECT_EQ(list->find("bare")->definition, nullptr);
+
+  Calculator calculator(EngineCustomization::standard());
+  EXPECT_EQ(calculator.calculate("Monthly rent + größe", list).stringValue, "506");
+  // Each value is calculated by itself.
+  EXPECT_EQ(calculator.calculate("Capital * 2", list).stringValue, "2");
 }
 
 // A calculator remembers by the variable, and shows the value.
