@@ -38,7 +38,7 @@ TEST(BuiltInUnitsTest, EveryIdentifierHasItsUnit) {
     if (identifier == undefined || (isMoney && !fixedMoney.contains(identifier))) {
       EXPECT_TRUE(unit.isNull()) << toString(identifier);
     } else {
-      EXPECT_EQ(unit.identifier(), identifier);
+      EXPECT_EQ(toString(unit.identifier()), toString(identifier));
       EXPECT_EQ(unit.unitType(), unitTypeOf(identifier)) << toString(identifier);
       EXPECT_GT(unit.coefficient(), Decimal(0)) << toString(identifier);
       EXPECT_EQ(!unit.constant().isZero(), identifier == celsius || identifier == fahrenheit) << toString(identifier);
@@ -50,6 +50,58 @@ TEST(BuiltInUnitsTest, EveryIdentifierHasItsUnit) {
         << toString(identifier);
   }
   EXPECT_EQ(made.size(), 323u);
+}
+
+TEST(BuiltInUnitsTest, NamesTellSizes) {
+  struct Prefix {
+    std::string_view name, factor;
+  };
+  constexpr Prefix kPrefixes[] = {
+      {"yotta", "1e24"},
+      {"zetta", "1e21"},
+      {"exa", "1e18"},
+      {"peta", "1e15"},
+      {"tera", "1e12"},
+      {"giga", "1e9"},
+      {"mega", "1e6"},
+      {"kilo", "1e3"},
+      {"hecto", "1e2"},
+      {"deca", "1e1"},
+      {"deci", "1e-1"},
+      {"centi", "1e-2"},
+      {"milli", "1e-3"},
+      {"micro", "1e-6"},
+      {"nano", "1e-9"},
+      {"pico", "1e-12"},
+      {"femto", "1e-15"},
+      {"kibi", "1024"},
+      {"mebi", "1048576"},
+      {"gibi", "1073741824"},
+      {"tebi", "1099511627776"},
+      {"pebi", "1125899906842624"},
+      {"exbi", "1152921504606846976"},
+      {"zebi", "1180591620717411303424"},
+      {"yobi", "1208925819614629174706176"},
+  };
+  int compared = 0;
+  for (const UnitIdentifier identifier : allIdentifiers()) {
+    const std::string_view name = toString(identifier);
+    for (const auto& [prefix, factor] : kPrefixes) {
+      if (!name.starts_with(prefix)) continue;
+      const std::optional<UnitIdentifier> plain = unitIdentifierNamed(name.substr(prefix.size()));
+      if (!plain) continue;
+      EXPECT_EQ(unitOf(identifier).coefficient(), unitOf(*plain).coefficient() * decimal(factor)) << name;
+      ++compared;
+    }
+    const bool isSquare = name.starts_with("square");
+    if (!isSquare && !name.starts_with("cubic")) continue;
+    std::string length(name.substr(isSquare ? 6 : 5));
+    length.front() = static_cast<char>(length.front() - 'A' + 'a');
+    const Decimal size = unitOf(unitIdentifierNamed(length).value()).coefficient();
+    EXPECT_EQ(unitOf(identifier).coefficient(), isSquare ? size * size : size * size * size) << name;
+    ++compared;
+  }
+  EXPECT_GT(compared, 180);
 }
 
 TEST(BuiltInUnitsTest, BasesHaveTheSizeOne) {
