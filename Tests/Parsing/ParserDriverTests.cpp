@@ -31,7 +31,7 @@ std::string repeated(std::string_view text, std::size_t times) {
 class ParserDriverTests : public ::testing::Test {
  protected:
   const Parser parser_{EngineCustomization::usStandard()};
-  const VariableList variables_;
+  const VariableList variables_{};
 
   /// Runs one pass for itself.
   void run(void (*pass)(TokenList&, const PassContext&), TokenList& list, std::string_view line) {
