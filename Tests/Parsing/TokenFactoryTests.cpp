@@ -120,7 +120,7 @@ TEST(TokenFactoryTests, keepsTheValues) {
   const Datestamp stamp{Date(86'400), DatestampType::now, zone};
   const Token date = TokenFactory::datestampWith(stamp, CalendarEnvironment(Calendar::current()));
   EXPECT_EQ(date.datestampValue(), stamp);
-  const CalendarEnvironment other(Calendar(Calendar::Identifier::japanese));
+  const CalendarEnvironment other{Calendar(Calendar::Identifier::japanese)};
   EXPECT_EQ(date.withCalendarEnvironment(other).metadataAs<DatestampTokenMetadata>()->datestamp, stamp);
   EXPECT_EQ(date.withCalendarEnvironment(other).metadataAs<DatestampTokenMetadata>()->environment, other);
   EXPECT_EQ(TokenFactory::iso8601With(stamp).type, TokenType::iso8601);

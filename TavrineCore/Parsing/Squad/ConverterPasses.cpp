@@ -229,7 +229,8 @@ const TCUnit& seconds() {
   return unit;
 }
 
-std::optional<Token> frequencyFor(const Token& typeName, const Token* parent) {
+std::optional<Token> convertFrequencyRateTypeNamesOutsideConvertersIntoRates(const Token& typeName,
+                                                                             const Token* parent) {
   if (typeName.subType != TokenSubType::frequencyRateTypeName) return std::nullopt;
   if (parent != nullptr && parent->is(TokenType::converter)) return std::nullopt;
   return Token(TokenType::rate, TokenSubType::unitRate, typeName.stringValue, typeName.range, nullptr,
@@ -250,8 +251,9 @@ void identifyConvertersIn(TokenList& list, const PassContext& context) {
                                  wrapConverter(symbol, inner, parent, context);
                                });
   list.applyTransformationToAllTokensOfType(
-      TokenType::typeName, nullptr, /*reversed=*/true,
-      [](const Token& typeName, const Token* parent) { return frequencyFor(typeName, parent); });
+      TokenType::typeName, nullptr, /*reversed=*/true, [](const Token& typeName, const Token* parent) {
+        return convertFrequencyRateTypeNamesOutsideConvertersIntoRates(typeName, parent);
+      });
 }
 
 }  // namespace passes

@@ -186,7 +186,8 @@ std::vector<Token> exAsMultiplicationNumberClusterFrom(const Token& word, const 
     if (lexeme.type != LexemeType::number && lexeme.type != LexemeType::symbol) return {};
     const NSRange range{word.range.location + lexeme.range.location, lexeme.range.length};
     Token token = tokenFor(lexeme.string, range, lexeme.type, context);
-    if (lexeme.string == kTimes) token.stringValue = Parser::letterXAsTimes;
+    // Back to what was typed; a combining mark on the "x" stands on the sign now and is no part of its fixture.
+    token.stringValue = word.stringValue.substr(lexeme.byteOffset, lexeme.string.size());
     result.push_back(std::move(token));
   }
   if (result.empty() || result.front().range.location != word.range.location ||
