@@ -54,7 +54,8 @@ void longLine(benchmark::State& state, const MakeLine& lineOf) {
   keepMemory();
   const std::string few = lineOf(kFew);
   const std::string many = lineOf(kMany);
-  Calculator calculator(EngineCustomization::standard());
+  Calculator calculator(EngineCustomization::tavrine());
+  calculator.calculate("x = 5");
   benchmark::DoNotOptimize(calculator.calculate(few));
   double secondsOfMany = 0;
   double secondsOfFew = 0;
@@ -89,6 +90,8 @@ BENCHMARK_CAPTURE(repeatedText, ClosingBrackets, "1)", 2)->Name("BM_LongLine/Clo
 BENCHMARK_CAPTURE(repeatedText, NumberWords, "twenty seven ", 4)->Name("BM_LongLine/NumberWords");
 BENCHMARK_CAPTURE(repeatedText, Words, "plums grow ", 4)->Name("BM_LongLine/Words");
 BENCHMARK_CAPTURE(repeatedText, Letters, "a ", 2)->Name("BM_LongLine/Letters");
+BENCHMARK_CAPTURE(repeatedText, Variables, "x ", 2)->Name("BM_LongLine/Variables");
+BENCHMARK_CAPTURE(repeatedText, VariableSums, "x + ", 4)->Name("BM_LongLine/VariableSums");
 BENCHMARK_CAPTURE(repeatedText, VocabularyWords, "of in and ", 6)->Name("BM_LongLine/VocabularyWords");
 BENCHMARK_CAPTURE(repeatedText, Percentages, "5% ", 3)->Name("BM_LongLine/Percentages");
 BENCHMARK_CAPTURE(repeatedText, PercentSigns, "% ", 2)->Name("BM_LongLine/PercentSigns");

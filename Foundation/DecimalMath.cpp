@@ -271,6 +271,10 @@ Decimal DDDecimalFactorial(const Decimal& value) {
 
 Decimal fractionalNumberComponent(const Decimal& value) { return value - value.rounded(0, RoundingMode::down); }
 
+Decimal roundedToNearest(const Decimal& value, const Decimal& step) {
+  return (value / step).rounded(0, RoundingMode::plain) * step;
+}
+
 bool needsSiFormatting(const Decimal& value, const Decimal& upperThreshold) {
   return !value.isZero() && !value.isNaN() && value.magnitude() >= upperThreshold;
 }

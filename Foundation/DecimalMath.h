@@ -116,6 +116,10 @@ class MathFunctionsCalculator {
 /// The value minus its floor: never negative.
 Decimal fractionalNumberComponent(const Decimal& value);
 
+/// The multiple of `step` that is nearest to the value, half away from zero: 37 to the nearest 10 is 40. Not-a-number
+/// for a step of 0.
+Decimal roundedToNearest(const Decimal& value, const Decimal& step);
+
 /// Whether the magnitude has reached the threshold; never for 0.
 bool needsSiFormatting(const Decimal& value, const Decimal& upperThreshold);
 

@@ -16,6 +16,19 @@ namespace {
 Decimal D(std::string_view text) { return Decimal::parse(text).value(); }
 constexpr Decimal kNaN = Decimal::nan();
 
+TEST(DecimalMath, RoundsToTheNearestMultiple) {
+  const struct {
+    const char* value;
+    const char* step;
+    const char* want;
+  } cases[] = {{"37", "10", "40"},       {"35", "10", "40"}, {"-35", "10", "-40"}, {"34.9", "10", "30"},
+               {"1.13", "0.05", "1.15"}, {"7", "-5", "5"},   {"0", "3", "0"},      {"5", "0", "NaN"}};
+  for (const auto& c : cases) {
+    const Decimal result = roundedToNearest(*Decimal::parse(c.value), *Decimal::parse(c.step));
+    EXPECT_EQ(result.description(), c.want) << c.value << " to " << c.step;
+  }
+}
+
 TEST(DecimalMath, Powers) {
   struct Case {
     Decimal base, power, want;
