@@ -69,8 +69,10 @@ using TokenOfUnixTime = Token (*)(const Decimal& seconds);
 constexpr TokenOfUnixTime kTokenOfUnixTime = nullptr;
 
 std::string canonicalName(std::string_view typed) {
-  if (typed.starts_with(kArcPrefix)) return "a" + lowercased(typed.substr(kArcPrefix.size()));
-  return lowercased(typed);
+  const bool isArc = typed.starts_with(kArcPrefix);
+  std::string name = lowercased(isArc ? typed.substr(kArcPrefix.size()) : typed);
+  if (isArc) name.insert(name.begin(), 'a');
+  return name;
 }
 
 /// "12 k", where the host has a function "k" that the engine doesn't know: the value in thousands.
