@@ -9,6 +9,7 @@
 #include "TavrineCore/ResultFormatting/NumberResultFormatters.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
 #include "TavrineCore/ResultFormatting/TextResultFormatters.h"
+#include "TavrineCore/ResultFormatting/UnitResultFormatters.h"
 
 namespace tavrine {
 namespace {
@@ -19,7 +20,10 @@ using enum EvaluationResultCase;
 // alone, a resolution, a substance, a custom type or unit, a kind of statistic, a list, a variable without a value.
 constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
     {"Decimal", "DecimalResultFormatter", DecimalResultFormatter::formattedResult, {decimal, scientificNotation}},
-    {"UnitExpression", "UnitExpressionResultFormatter", nullptr, {unitExpression}},
+    {"UnitExpression",
+     "UnitExpressionResultFormatter",
+     UnitExpressionResultFormatter::formattedResult,
+     {unitExpression}},
     {"Percentage", "PercentageResultFormatter", PercentageResultFormatter::formattedResult, {percentage}},
     {"Fraction", "FractionResultFormatter", FractionResultFormatter::formattedResult, {fraction}},
     {"UnitRate", "UnitRateResultFormatter", nullptr, {unitRate}},
@@ -47,7 +51,7 @@ constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
     {"Datespan", "DatespanResultFormatter", nullptr, {datespan}},
     {"String", "RawStringResultFormatter", RawStringResultFormatter::formattedResult, {rawString, dynamicPlace}},
     {"SalesTax", "PercentageResultFormatter", PercentageResultFormatter::formattedResult, {salesTax}},
-    {"UnitRange", "UnitRangeResultFormatter", nullptr, {unitRange}},
+    {"UnitRange", "UnitRangeResultFormatter", UnitRangeResultFormatter::formattedResult, {unitRange}},
     {"pending", "PendingResultFormatter", PendingResultFormatter::formattedResult, {pending}},
     {"failed", "FailedResultFormatter", FailedResultFormatter::formattedResult, {failed}},
 });

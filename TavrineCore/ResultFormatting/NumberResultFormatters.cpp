@@ -64,7 +64,7 @@ std::optional<std::string> FractionResultFormatter::formattedResult(const Evalua
   const FormattingPreferences& preferences = context.formattingPreferences;
   std::optional<std::string> text = DecimalResultFormatter::formattedAsFraction(value, preferences, context.locale);
   if (!text) text = DecimalResultFormatter::formattedAsDecimal(value, preferences, context.locale);
-  if (text && fraction->unitValue) text->append(" ").append(formattedSymbol(*fraction->unitValue));
+  if (text && fraction->unitValue) text->append(" ").append(formattedSymbol(*fraction->unitValue, value));
   return text;
 }
 
