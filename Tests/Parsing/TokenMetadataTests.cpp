@@ -129,8 +129,8 @@ TEST(TokenValueTests, readsBooleansAndErrors) {
 
 TEST(TokenValueTests, readsUnits) {
   const Token expression = TokenFactory::unitExpressionWith(3, std::string("k"), kilometers(), true);
-  // The value as typed: who calculates with it applies the scalar.
-  EXPECT_EQ(expression.unitExpressionValue(), (UnitExpression{3, kilometers(), true}));
+  // "3k km" are 3000 of them, whoever asks.
+  EXPECT_EQ(expression.unitExpressionValue(), (UnitExpression{3000, kilometers(), true}));
   Token inBrackets(TokenType::subexpression, TokenSubType::notSpecified, "", NSRange::zero,
                    TokenList::frozen({expression}));
   EXPECT_EQ(inBrackets.unitExpressionValue(), expression.unitExpressionValue());

@@ -25,9 +25,9 @@ struct UnitExpressionTokenMetadata final : TokenMetadataOf<TokenMetadataKind::un
   UnitExpressionTokenMetadata(UnitTokenMetadata unit, NumberTokenMetadata value, bool prefersCompound = false)
       : unitMetaData(std::move(unit)), numericValue(std::move(value)), prefersCompoundFormatting(prefersCompound) {}
 
-  /// The value as typed, its scalar left out.
+  /// With the scalar of the number applied: $5000 of "$5k".
   [[nodiscard]] UnitExpression unitExpression() const {
-    return {numericValue.decimalValue, unitMetaData.underlyingTCUnit, prefersCompoundFormatting};
+    return {numericValue.scaledValue(), unitMetaData.underlyingTCUnit, prefersCompoundFormatting};
   }
 
   UnitTokenMetadata unitMetaData;

@@ -9,7 +9,9 @@
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
 #include "TavrineCore/Parsing/Helpers/Scalars.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Utility/EnumSet.h"
@@ -41,28 +43,8 @@ Decimal radiansFromDegrees(const Decimal& degrees) { return degrees * foundation
 Decimal degreesFromRadians(const Decimal& radians) { return radians * Decimal(180) / foundation::kPi; }
 Decimal withoutNoise(const Decimal& value) { return value.rounded(kAngleDecimalPlaces, RoundingMode::plain); }
 
-TCUnit angleUnit(UnitIdentifier identifier, std::string symbol, const Decimal& degrees) {
-  TCUnit::Record record;
-  record.identifier = identifier;
-  record.unitType = UnitType::angle;
-  record.symbol = std::move(symbol);
-  record.converter = {degrees, Decimal(0)};
-  return TCUnit::permanent(std::move(record));
-}
-const TCUnit& degreesUnit() {
-  static const TCUnit unit = angleUnit(UnitIdentifier::degrees, "°", Decimal(1));
-  return unit;
-}
-const TCUnit& radiansUnit() {
-  static const TCUnit unit = angleUnit(UnitIdentifier::radians, "rad", Decimal(180) / foundation::kPi);
-  return unit;
-}
-
 /// The unit whose square or cube is the unit; absent where there is none.
 using RootUnit = std::optional<TCUnit> (*)(const TCUnit& unit);
-/// Null while units can't tell their roots: the root of a value with a unit comes to nothing.
-constexpr RootUnit kSquareRootUnit = nullptr;
-constexpr RootUnit kCubeRootUnit = nullptr;
 
 /// The moment that many seconds after the start of 1970. Null while no moment can be made from seconds.
 using TokenOfUnixTime = Token (*)(const Decimal& seconds);
@@ -91,9 +73,8 @@ std::optional<EvaluationError> domainError(MathFunction function, const Decimal&
   return std::nullopt;
 }
 
-std::optional<Token> root(const Decimal& value, const Token& argument, RootUnit rootUnit) {
+Token root(const Decimal& value, const Token& argument, RootUnit rootUnit) {
   if (!argument.is(TokenType::unitExpression)) return TokenFactory::numberWith(value);
-  if (rootUnit == nullptr) return std::nullopt;
   const std::optional<TCUnit> unit = argument.unitValue();
   const std::optional<TCUnit> ofResult = unit ? rootUnit(*unit) : std::nullopt;
   if (!ofResult) return errorToken(EvaluationError::UnsupportedUnitMultiplication);
@@ -123,11 +104,11 @@ std::optional<Token> applied(MathFunction function, Decimal value, const Token& 
   if (!result) return errorToken(EvaluationError::Other);
 
   if (kRoundingFunctions.contains(function)) return rounded(*result, argument);
-  if (function == MathFunction::sqrt) return root(*result, argument, kSquareRootUnit);
-  if (function == MathFunction::cbrt) return root(*result, argument, kCubeRootUnit);
+  if (function == MathFunction::sqrt) return root(*result, argument, UnitRelations::squareRootUnitFor);
+  if (function == MathFunction::cbrt) return root(*result, argument, UnitRelations::cubeRootUnitFor);
   if (kInverseTrigonometryFunctions.contains(function)) {
-    if (!isInDegrees) return TokenFactory::unitExpressionWith(*result, radiansUnit());
-    return TokenFactory::unitExpressionWith(withoutNoise(degreesFromRadians(*result)), degreesUnit());
+    if (!isInDegrees) return TokenFactory::unitExpressionWith(*result, unitOf(UnitIdentifier::radians));
+    return TokenFactory::unitExpressionWith(withoutNoise(degreesFromRadians(*result)), unitOf(UnitIdentifier::degrees));
   }
   if (kNormalTrigonometryFunctions.contains(function)) return TokenFactory::numberWith(withoutNoise(*result));
   return TokenFactory::numberWith(*result);
