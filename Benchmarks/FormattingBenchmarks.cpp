@@ -22,7 +22,8 @@ ResultFormatterContext contextFor(std::string_view locale) {
   return {nullptr, nullptr,
           Calendar(Calendar::Identifier::gregorian, Locale(locale),
                    TimeZone::gmt()),
-          Locale(locale), FormattingPreferences()};
+          Locale(locale), FormattingPreferences(),
+          CurrencySymbolSettings::automatic()};
 }
 
 /// From a result to its text, with the context that a line would have made.

@@ -56,8 +56,10 @@ class EvaluationController {
   BackgroundTokenListEvaluator backgroundEvaluator_;
 };
 
-/// The result as it is kept: money rounded to its currency's decimals, and with `referencesTakeFormattedValue` every
-/// number rounded to `dp`. Where rounding has no meaning the result stays as it is.
-EvaluationResult roundResultIfNecessary(const EvaluationResult& result, const FormattingPreferences& preferences);
+/// The result as it is kept: money, also so much of it per something, rounded to the decimals it is shown with unless
+/// the preferences turn that off; and with `referencesTakeFormattedValue` every other number rounded to `dp`. Where
+/// rounding has no meaning the result stays as it is. `originalList` is the line that it came of.
+EvaluationResult roundResultIfNecessary(const TokenList& originalList, const EvaluationResult& result,
+                                        const FormattingPreferences& preferences, const Locale& locale);
 
 }  // namespace tavrine

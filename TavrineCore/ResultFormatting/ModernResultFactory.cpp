@@ -7,6 +7,7 @@
 #include "TavrineCore/ResultFormatting/CoordinateResultFormatters.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
 #include "TavrineCore/ResultFormatting/NumberResultFormatters.h"
+#include "TavrineCore/ResultFormatting/RateResultFormatters.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
 #include "TavrineCore/ResultFormatting/TextResultFormatters.h"
 #include "TavrineCore/ResultFormatting/UnitResultFormatters.h"
@@ -26,9 +27,12 @@ constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
      {unitExpression}},
     {"Percentage", "PercentageResultFormatter", PercentageResultFormatter::formattedResult, {percentage}},
     {"Fraction", "FractionResultFormatter", FractionResultFormatter::formattedResult, {fraction}},
-    {"UnitRate", "UnitRateResultFormatter", nullptr, {unitRate}},
-    {"DecimalRate", "DecimalRateResultFormatter", nullptr, {decimalRate}},
-    {"PercentageRate", "PercentageRateResultFormatter", nullptr, {percentageRate}},
+    {"UnitRate", "UnitRateResultFormatter", UnitRateResultFormatter::formattedResult, {unitRate}},
+    {"DecimalRate", "DecimalRateResultFormatter", DecimalRateResultFormatter::formattedResult, {decimalRate}},
+    {"PercentageRate",
+     "PercentageRateResultFormatter",
+     PercentageRateResultFormatter::formattedResult,
+     {percentageRate}},
     {"Datestamp", "DatestampResultFormatter", nullptr, {date}},
     {"iso8601", "iso8601ResultFormatter", nullptr, {iso8601}},
     {"EvaluationError", "ErrorResultFormatter", ErrorResultFormatter::formattedResult, {error}},

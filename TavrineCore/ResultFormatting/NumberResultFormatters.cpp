@@ -50,10 +50,16 @@ std::optional<std::string> PercentageResultFormatter::formattedResult(const Eval
   const Decimal* fraction = nullptr;
   if (const Percentage* percentage = result.as<Case::percentage>()) fraction = &percentage->decimalValue;
   if (const SalesTax* tax = result.as<Case::salesTax>()) fraction = &tax->decimalValue;
-  if (fraction == nullptr || fraction->isNaN()) return std::nullopt;
+  if (fraction == nullptr) return std::nullopt;
+  return formatted(*fraction, context);
+}
+
+std::optional<std::string> PercentageResultFormatter::formatted(const Decimal& fraction,
+                                                                const ResultFormatterContext& context) {
+  if (fraction.isNaN()) return std::nullopt;
   NumberFormatter formatter = resultNumberFormatter(context.formattingPreferences, context.locale);
   formatter.numberStyle = NumberStyle::percent;
-  return formatter.string(*fraction);
+  return formatter.string(fraction);
 }
 
 std::optional<std::string> FractionResultFormatter::formattedResult(const EvaluationResult& result,

@@ -3,6 +3,12 @@
 #include <optional>
 #include <string>
 
+#include "TavrineCore/Imports.h"
+
+namespace tavrine::foundation {
+class Decimal;
+}
+
 namespace tavrine {
 
 class EvaluationResult;
@@ -15,6 +21,9 @@ struct ResultFormatterContext;
 struct PercentageResultFormatter {
   [[nodiscard]] static std::optional<std::string> formattedResult(const EvaluationResult& result,
                                                                   const ResultFormatterContext& context);
+  /// The same for a fraction that is part of another result: 0.2 gives "20%".
+  [[nodiscard]] static std::optional<std::string> formatted(const Decimal& fraction,
+                                                            const ResultFormatterContext& context);
 };
 
 /// "1 ½", "3/7", or the plain number where there is no such fraction; a blank and the unit's symbol follow if it has a

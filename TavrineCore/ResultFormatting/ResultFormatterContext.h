@@ -4,6 +4,7 @@
 
 #include "Foundation/Calendar.h"
 #include "Foundation/Locale.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/ResultFormatting/FormattingPreferences.h"
 
@@ -20,6 +21,8 @@ struct ResultFormatterContext {
   Calendar calendar;
   Locale locale;
   FormattingPreferences formattingPreferences;
+  /// The signs of money: those of the locale unless the host has set others.
+  CurrencySymbolSettings currencySymbolSettings;
 };
 
 }  // namespace tavrine

@@ -2,6 +2,7 @@
 
 #include "Foundation/Decimal.h"
 #include "Foundation/Locale.h"
+#include "TavrineCore/Customization/Units/UnitDescription.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
@@ -9,6 +10,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 #include "TavrineCore/ResultFormatting/CompoundUnitFormatter.h"
+#include "TavrineCore/ResultFormatting/CurrencyUnitResultFormatter.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
 #include "TavrineCore/ResultFormatting/FormattedSymbol.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
@@ -54,6 +56,10 @@ std::optional<std::string> declaredUnitName(const UnitExpression& amount, const 
   return declaration->name;
 }
 
+bool isCustomUnit(const TCUnit& unit) {
+  return unit.unitDescription() != nullptr && unit.unitDescription()->representsCustomUnit;
+}
+
 }  // namespace
 
 std::optional<std::string> UnitExpressionResultFormatter::formattedResult(const EvaluationResult& result,
@@ -68,6 +74,9 @@ std::optional<std::string> UnitExpressionResultFormatter::formatted(const UnitEx
   const Decimal& value = unitExpression.value;
   if (value.isNaN()) return std::string(stringValue(EvaluationError::Infinity));
   if (auto name = declaredUnitName(unitExpression, context)) return name;
+  if (CurrencyUnitResultFormatter::isMoney(unitExpression.unit) && !isCustomUnit(unitExpression.unit)) {
+    return CurrencyUnitResultFormatter::formatted(unitExpression, context);
+  }
   if (auto pair = CompoundUnitFormatter::format(unitExpression, context.locale)) {
     return pair;
   }

@@ -35,7 +35,7 @@ inline Decimal number(std::string_view text) { return Decimal::parse(text).value
 
 inline ResultFormatterContext contextFor(std::string_view locale, const FormattingPreferences& preferences = {}) {
   return {nullptr, nullptr, Calendar(Calendar::Identifier::gregorian, Locale(locale), TimeZone::gmt()), Locale(locale),
-          preferences};
+          preferences, CurrencySymbolSettings::automatic()};
 }
 
 }  // namespace tavrine::testing
