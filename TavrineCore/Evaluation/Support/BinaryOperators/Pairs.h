@@ -5,7 +5,16 @@
 #include "TavrineCore/Evaluation/Support/BinaryOperators/BinaryOperandPair.h"
 
 /// The pairs by family; their order stands in TokenAndOperatorPairFactory.cpp. Most convert their operands and hand
-/// over to one of the few that own arithmetic: `decimalPair`, `decimalAndPercentagePair`, `binaryPair`, `booleanPair`.
+/// over to one of the few that own arithmetic: `decimalPair`, `decimalAndPercentagePair`, `unitExpressionsPair`,
+/// `unitExpressionAndRatePair`, `binaryPair`, `booleanPair`.
+namespace tavrine {
+
+struct UnitCalculation;
+struct UnitExpression;
+class TCUnit;
+
+}  // namespace tavrine
+
 namespace tavrine::pairs {
 
 using Answer = std::optional<Token>;
@@ -25,6 +34,35 @@ bool salesTaxIsSecond(const PairOperands& operands);
 Answer percentagesPair(const PairOperands& operands);
 Answer decimalAndPercentagePair(const PairOperands& operands);
 Answer decimalAndSalesTaxPair(const PairOperands& operands);
+Answer unitExpressionAndSalesTaxPair(const PairOperands& operands);
+
+// UnitPairs.cpp
+Answer unitExpressionsPair(const PairOperands& operands);
+Answer decimalAndUnitExpressionPair(const PairOperands& operands);
+Answer unitExpressionAndPercentagePair(const PairOperands& operands);
+Answer decimalAndUnitPair(const PairOperands& operands);
+Answer unitExpressionAndUnitPair(const PairOperands& operands);
+
+/// The quantity of a unit expression token, with the scalar of its number applied: 5000 of "$5k".
+UnitExpression quantityOf(const Token& token);
+/// The number as it stands before its scalar: 5 of "$5k".
+Decimal unscaledValueOf(const Token& expression);
+/// A calculated number in the unit of the operand, with its scalar and its look; any other result as it is.
+Answer likeOperand(const Token& expression, Answer result);
+/// What the calculator gives, as a token; the blank token where the calculation doesn't apply.
+Answer calculated(const UnitCalculation& calculation);
+/// A calculated quantity; the error that it is where the value is no number.
+Token quantityToken(const Decimal& value, const TCUnit& unit);
+
+// RatePairs.cpp
+Answer ratesPair(const PairOperands& operands);
+Answer decimalAndRatePair(const PairOperands& operands);
+Answer unitExpressionAndRatePair(const PairOperands& operands);
+Answer rateAndPercentagePair(const PairOperands& operands);
+Answer rateAndUnitPair(const PairOperands& operands);
+
+// AnglePairs.cpp
+Answer dmsPair(const PairOperands& operands);
 
 // BasePairs.cpp
 Answer hexPair(const PairOperands& operands);
