@@ -18,6 +18,14 @@ struct Readers {
   ResourceReader<LocalizableFixtureSet> fixtures{
       "Failed to decode LocalizableFixtureSet from JSON: ", &StaticResouces::localizedFixtureSetFrom,
       [](LocalizableFixtureSet& english, const LocalizableFixtureSet& localized) { english.layOver(localized); }};
+  ResourceReader<std::vector<CurrencyDescription>> currencyDescriptions{
+      "Failed to decode currency descriptions JSON: ", &currencyDescriptionsFrom,
+      [](std::vector<CurrencyDescription>& english, const std::vector<CurrencyDescription>& localized) {
+        english.insert(english.end(), localized.begin(), localized.end());
+      }};
+  ResourceReader<DefaultCurrencyRates> defaultCurrencyRates{
+      "Failed to decode default currency rates: ", &defaultCurrencyRatesFrom,
+      [](DefaultCurrencyRates& english, const DefaultCurrencyRates& localized) { english = localized; }};
 };
 
 Readers& readers() {
@@ -39,6 +47,22 @@ LocalizableFixtureSet StaticResouces::localizedFixtures() { return fixturesNamed
 
 LocalizableFixtureSet StaticResouces::localizedShorthandFixtures() {
   return fixturesNamed("LocalizedFixtureShorthands");
+}
+
+std::vector<CurrencyDescription> StaticResouces::currencyDescriptions() {
+  Readers& all = readers();
+  return all.accessQueue.sync([&] {
+    const auto content = all.currencyDescriptions.localized(Bundle::foundationBundle(), "CurrencyDescriptions");
+    return content == nullptr ? std::vector<CurrencyDescription>{} : *content;
+  });
+}
+
+DefaultCurrencyRates StaticResouces::defaultCurrencyRates() {
+  Readers& all = readers();
+  return all.accessQueue.sync([&] {
+    const auto content = all.defaultCurrencyRates.localized(Bundle::foundationBundle(), "DefaultCurrencyRates");
+    return content == nullptr ? DefaultCurrencyRates{} : *content;
+  });
 }
 
 DecodedResource<LocalizableFixtureSet> StaticResouces::localizedFixtureSetFrom(std::string_view bytes) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
+#include "TavrineCore/Customization/Currencies/CurrencyDescription.h"
 #include "TavrineCore/Customization/Engine/ResourceReader.h"
 #include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
 
@@ -16,8 +18,12 @@ class StaticResouces {
   static LocalizableFixtureSet localizedFixtures();
   /// "LocalizedFixtureShorthands": short forms. A word that is in both files has the meaning that it has here.
   static LocalizableFixtureSet localizedShorthandFixtures();
+  /// "CurrencyDescriptions": the words that mean money. Localized words follow the English ones.
+  static std::vector<CurrencyDescription> currencyDescriptions();
+  /// "DefaultCurrencyRates": what money is worth where no host tells.
+  static DefaultCurrencyRates defaultCurrencyRates();
 
-  /// The decoder of both: {"fixtures": {key: [words]}}. Keys that nobody knows are passed over.
+  /// The decoder of both files of fixtures: {"fixtures": {key: [words]}}. Keys that nobody knows are passed over.
   static DecodedResource<LocalizableFixtureSet> localizedFixtureSetFrom(std::string_view bytes);
 };
 

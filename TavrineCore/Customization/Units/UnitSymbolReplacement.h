@@ -5,7 +5,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "Foundation/Locale.h"
+#include "TavrineCore/Imports.h"
 #include "TavrineCore/Utility/Hashable.h"
 
 namespace tavrine {
@@ -15,6 +18,17 @@ enum class UnitSymbolReplacementPosition : std::uint8_t { before, beforeWithSpac
 
 /// A sign that stands for a currency code: "US$" for "USD".
 struct UnitSymbolReplacement {
+  /// The signs of the world's currencies, wherever one is.
+  static const std::vector<UnitSymbolReplacement>& standardSymbols();
+
+  /// The signs as they are printed in the locale, sorted by sign: "$" and "¥" are what they mean there, and the
+  /// locale's own currency has the locale's sign.
+  static std::vector<UnitSymbolReplacement> standardCustomSymbolsFor(const Locale& locale);
+
+  /// The signs that can be typed in the locale: the printed ones and the standard ones, so that "US$5" and "$5" are the
+  /// same in the United States. Of two rows with the same sign the later one holds.
+  static std::vector<UnitSymbolReplacement> typedSymbolsFor(const Locale& locale);
+
   std::string originalSymbol;
   std::string replacementSymbol;
   UnitSymbolReplacementPosition position = UnitSymbolReplacementPosition::before;
