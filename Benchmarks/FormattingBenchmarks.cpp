@@ -12,6 +12,8 @@
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
 #include "TavrineCore/ResultFormatting/CommonFormattedResultsCache.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/ResultFormatting/ModernResultFactory.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
 
@@ -59,6 +61,22 @@ BENCHMARK_CAPTURE(format, Fraction,
     ->Name("BM_Format/Fraction");
 BENCHMARK_CAPTURE(format, Hexadecimal, EvaluationResult::hex(0xDEADBEEF))
     ->Name("BM_Format/Hexadecimal");
+
+EvaluationResult amount(std::string_view value, UnitIdentifier unit,
+                        bool compound = false) {
+  return EvaluationResult::unitExpression(
+      {*Decimal::parse(value), TCUnitFor(unit), compound});
+}
+
+BENCHMARK_CAPTURE(format, Length, amount("1234.5", UnitIdentifier::kilometers))
+    ->Name("BM_Format/Length");
+BENCHMARK_CAPTURE(format, Duration, amount("2.5", UnitIdentifier::days))
+    ->Name("BM_Format/Duration");
+BENCHMARK_CAPTURE(format, FeetAndInches,
+                  amount("5.25", UnitIdentifier::feet, true))
+    ->Name("BM_Format/FeetAndInches");
+BENCHMARK_CAPTURE(format, Money, amount("1234.5", UnitIdentifier::currencyUSD))
+    ->Name("BM_Format/Money");
 
 void commonResult(benchmark::State &state) {
   const Decimal value(42);
