@@ -1,7 +1,6 @@
 #include "TavrineCore/ResultFormatting/CurrencySigns.h"
 
 #include <algorithm>
-#include <optional>
 #include <vector>
 
 #include "Foundation/Locale.h"
@@ -13,14 +12,6 @@ namespace {
 
 using Signs = std::vector<UnitSymbolReplacement>;
 
-Signs signsOf(const Locale& locale) {
-  using enum UnitSymbolReplacementPosition;
-  Signs signs{{locale.currencyCodeForDollarSymbol(), "$", before}, {locale.currencyCodeForYenSymbol(), "¥", before}};
-  signs.push_back({"EUR", "€", before});
-  signs.push_back({"GBP", "£", before});
-  return signs;
-}
-
 const Signs& signsInForce(const ResultFormatterContext& context) {
   if (const Signs* own = context.currencySymbolSettings.symbols()) return *own;
   // Results come in runs of one locale, and making its signs costs more than a line.
@@ -28,6 +19,7 @@ const Signs& signsInForce(const ResultFormatterContext& context) {
     Locale locale;
     Signs signs;
   };
+  constexpr auto signsOf = &UnitSymbolReplacement::standardCustomSymbolsFor;
   thread_local Remembered remembered{context.locale, signsOf(context.locale)};
   if (remembered.locale != context.locale) remembered = {context.locale, signsOf(context.locale)};
   return remembered.signs;
