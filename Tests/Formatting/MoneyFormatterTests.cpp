@@ -106,6 +106,27 @@ TEST(MoneyFormatter, DecimalsOfACurrency) {
   }
 }
 
+TEST(MoneyFormatter, SignsOfALocale) {
+  constexpr MoneyCase cases[] = {
+      {"en_US", "5", "AUD", "A$5.00"},
+      {"en_AU", "5", "AUD", "$5.00"},
+      {"en_AU", "5", "USD", "US$5.00"},
+      {"en_GB", "-5", "USD", "-$5.00"},
+      {"de_DE", "5", "USD", "$5,00"},
+      {"ja_JP", "500", "JPY", "￥500"},
+      {"de_CH", "-1234.5", "CHF", "CHF -1’234.50"},
+      {"en_US", "-5", "INR", "₹ -5.00"},
+      {"en_IN", "54321", "INR", "₹54,321.00"},
+      {"en_US", "5", "PLN", "5.00 zł"},
+      {"en_US", "5", "SAR", "5.00﷼"},
+      {"en_US", "5", "ISK", "5 ISK"},
+  };
+  for (const MoneyCase& c : cases) {
+    EXPECT_EQ(shown({number(c.value), money(c.code)}, contextFor(c.locale)), c.want)
+        << c.locale << ' ' << c.value << ' ' << c.code;
+  }
+}
+
 TEST(MoneyFormatter, SignsStandWhereTheHostWantsThem) {
   using enum UnitSymbolReplacementPosition;
   ResultFormatterContext context = contextFor("en_US");
