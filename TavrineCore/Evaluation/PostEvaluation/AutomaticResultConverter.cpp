@@ -1,12 +1,18 @@
 #include "TavrineCore/Evaluation/PostEvaluation/AutomaticResultConverter.h"
 
 #include <array>
+#include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
+#include "Foundation/Locale.h"
+#include "TavrineCore/Customization/Units/CommonConversions.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
 namespace tavrine {
 
@@ -52,13 +58,47 @@ std::optional<Token> converterTo(TokenType type) {
   }
 }
 
-std::optional<Token> convertedToType(const ResultConversionRule& rule, const Token& token) {
+std::optional<Token> convertedToType(const ResultConversionRule& rule, const Token& token, const EngineCustomization&) {
   if (!token.is(rule.type)) return std::nullopt;
   const std::optional<Token> converter = converterTo(rule.convertToType);
   return converter ? TokenConverterFactory::converted(token, *converter) : std::nullopt;
 }
 
-using RuleEvaluation = std::optional<Token> (*)(const ResultConversionRule&, const Token&);
+/// The identifier of the unit that the token counts in; nothing for what is no unit expression.
+std::optional<UnitIdentifier> identifierOf(const Token& token) {
+  const std::optional<TCUnit> unit = token.is(TokenType::unitExpression) ? token.unitValue() : std::optional<TCUnit>();
+  return unit ? std::optional(unit->identifier()) : std::nullopt;
+}
+
+std::optional<Token> convertedInto(UnitIdentifier identifier, const Token& token, const EngineCustomization&) {
+  const TCUnit unit = TCUnitFor(identifier);
+  if (unit.isNull()) return std::nullopt;
+  const Token converter = TokenFactory::converterToUnitWith(std::make_shared<const UnitTokenMetadata>(unit));
+  return TokenConverterFactory::converted(token, converter);
+}
+
+std::optional<Token> convertedOfUnitType(const ResultConversionRule& rule, const Token& token,
+                                         const EngineCustomization& customization) {
+  const std::optional<UnitIdentifier> identifier = identifierOf(token);
+  if (!identifier || token.unitValue()->unitType() != rule.unitType || *identifier == rule.convertToUnit) {
+    return std::nullopt;
+  }
+  return convertedInto(rule.convertToUnit, token, customization);
+}
+
+std::optional<Token> convertedOfUnit(const ResultConversionRule& rule, const Token& token,
+                                     const EngineCustomization& customization) {
+  if (identifierOf(token) != rule.identifier) return std::nullopt;
+  return convertedInto(rule.convertToUnit, token, customization);
+}
+
+std::optional<Token> convertedToFeetAndInches(const ResultConversionRule& rule, const Token& token,
+                                              const EngineCustomization&) {
+  if (identifierOf(token) != rule.identifier) return std::nullopt;
+  return TokenConverterFactory::converted(token, TokenFactory::converterWith(TokenSubType::feetAndInchesConverter));
+}
+
+using RuleEvaluation = std::optional<Token> (*)(const ResultConversionRule&, const Token&, const EngineCustomization&);
 
 struct RuleRow {
   Kind kind;
@@ -67,20 +107,51 @@ struct RuleRow {
 };
 constexpr auto kRuleEvaluations = std::to_array<RuleRow>({
     {Kind::tokenOf, convertedToType},
-    {Kind::unitExpressionOf},
-    {Kind::unitExpressionWith},
+    {Kind::unitExpressionOf, convertedOfUnitType},
+    {Kind::unitExpressionWith, convertedOfUnit},
     {Kind::convertToTimespanUnitExpressionWith},
-    {Kind::convertToFeetAndInchesUnitExpressionWith},
+    {Kind::convertToFeetAndInchesUnitExpressionWith, convertedToFeetAndInches},
     {Kind::timeWithTimezone},
 });
 
-const std::vector<ResultConversionRule>& localeSensitiveRules() {
+/// Into forms with two units.
+const std::vector<ResultConversionRule>& intoCompoundTypeRules() {
   static const std::vector<ResultConversionRule> rules = {
-      ResultConversionRule::tokenOf(TokenType::hexadecimalNumber, TokenType::number),
-      ResultConversionRule::tokenOf(TokenType::octalNumber, TokenType::number),
-      ResultConversionRule::tokenOf(TokenType::binaryNumber, TokenType::number),
+      ResultConversionRule::convertToFeetAndInchesUnitExpressionWith(UnitIdentifier::meters),
+      ResultConversionRule::convertToTimespanUnitExpressionWith(UnitIdentifier::seconds),
+      ResultConversionRule::convertToTimespanUnitExpressionWith(UnitIdentifier::minutes),
   };
   return rules;
+}
+
+/// What a reader of the current locale and zone understands at once.
+std::vector<ResultConversionRule> localeSensitiveRules() {
+  std::vector<ResultConversionRule> rules;
+  if (const std::optional<std::string> code = Locale::current().currencyCode()) {
+    if (const auto currency = unitIdentifierNamed("currency" + *code)) {
+      rules.push_back(ResultConversionRule::unitExpressionOf(UnitType::currency, *currency));
+    }
+  }
+  rules.push_back(ResultConversionRule::timeWithTimezone(TimeZone::current()));
+  rules.push_back(ResultConversionRule::tokenOf(TokenType::hexadecimalNumber, TokenType::number));
+  rules.push_back(ResultConversionRule::tokenOf(TokenType::octalNumber, TokenType::number));
+  rules.push_back(ResultConversionRule::tokenOf(TokenType::binaryNumber, TokenType::number));
+  return rules;
+}
+
+/// What a unit expression is converted by before anything that holds of all values; nothing for other units.
+std::optional<Token> convertedByUnit(const Token& operand,
+                                     const AutomaticResultConverter::ResultConversionRuleProcessor& processor) {
+  const std::optional<UnitIdentifier> identifier = identifierOf(operand);
+  if (!identifier) return std::nullopt;
+  if (identifier == UnitIdentifier::seconds || identifier == UnitIdentifier::minutes ||
+      identifier == UnitIdentifier::meters) {
+    return processor.process(intoCompoundTypeRules(), operand);
+  }
+  const std::optional<UnitIdentifier> partner = mostCommonConversionOf(*identifier);
+  if (!partner) return std::nullopt;
+  const ResultConversionRule rule = ResultConversionRule::unitExpressionWith(*identifier, *partner);
+  return processor.process({&rule, 1}, operand);
 }
 
 }  // namespace
@@ -90,7 +161,7 @@ std::optional<Token> AutomaticResultConverter::ResultConversionRuleProcessor::pr
   for (const ResultConversionRule& rule : rules) {
     const RuleEvaluation evaluate = kRuleEvaluations[static_cast<std::size_t>(rule.kind)].evaluate;
     if (evaluate == nullptr) continue;
-    if (std::optional<Token> converted = evaluate(rule, token)) return converted;
+    if (std::optional<Token> converted = evaluate(rule, token, customization_)) return converted;
   }
   return std::nullopt;
 }
@@ -108,6 +179,7 @@ std::optional<Token> AutomaticResultConverter::finalValue() const {
     case ResultConversionBehavior::Kind::customRules:
       return processor.process(resultConversionStyle_.rules(), operand_);
     case ResultConversionBehavior::Kind::automatic:
+      if (std::optional<Token> converted = convertedByUnit(operand_, processor)) return converted;
       return processor.process(localeSensitiveRules(), operand_);
   }
   return std::nullopt;

@@ -4,7 +4,9 @@
 
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Processors/GeneralPostProcessor.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
+#include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
@@ -23,11 +25,6 @@ bool isOperation(const EditableTokenList& list, std::optional<std::size_t> index
 
 bool isUnit(const EditableTokenList& list, std::optional<std::size_t> index) {
   return list.is(index, TokenType::unit) && list[*index].metadataAs<UnitTokenMetadata>() != nullptr;
-}
-
-/// Whether amounts in the two units can be added.
-bool haveSameBase(const TCUnit& a, const TCUnit& b) {
-  return a == b || (a.unitType() == b.unitType() && a.unitType() != UnitType::other);
 }
 
 /// "(3 + 4) km", "km (3 + 4)" → the bracket converted into the unit; "(3 + 4) %" → a percentage.
@@ -79,7 +76,14 @@ std::size_t removeOverSpecifiedUnit(EditableTokenList& list, std::size_t index, 
   return list.remove(index, index);
 }
 
-/// "2 hours 30 minutes", where no parser pass has joined the two, is a sum.
+/// What two unit expressions side by side are: "2 hours 30 minutes", where no parser pass has joined them, is a sum,
+/// "100 km 2 hours" a quotient. Nothing where their units have nothing to do with each other.
+std::optional<Token> operatorBetween(const TCUnit& left, const TCUnit& right) {
+  if (haveEqualBaseUnits(left, right)) return operatorToken(TokenSubType::additionOperator, "+");
+  if (UnitRelations::divisionUnitFor(left, right)) return operatorToken(TokenSubType::divisionOperator, "/");
+  return std::nullopt;
+}
+
 std::size_t joinUnitExpressions(EditableTokenList& list, std::size_t index, const Token* parent) {
   if (isIn(parent, TokenType::compoundUnitExpression) || isIn(parent, TokenType::wordFunction) ||
       isIn(parent, TokenType::rate)) {
@@ -89,8 +93,9 @@ std::size_t joinUnitExpressions(EditableTokenList& list, std::size_t index, cons
   if (!list.is(before, TokenType::unitExpression)) return index;
   const std::optional<TCUnit> left = list[*before].unitValue();
   const std::optional<TCUnit> right = list[index].unitValue();
-  if (!left || !right || !haveSameBase(*left, *right)) return index;
-  return list.insertAfter(*before, operatorToken(TokenSubType::additionOperator, "+")) + 1;
+  std::optional<Token> operation = left && right ? operatorBetween(*left, *right) : std::nullopt;
+  if (!operation) return index;
+  return list.insertAfter(*before, *std::move(operation)) + 1;
 }
 
 /// "20 km / 4 hours in mph" → "(20 km / 4 hours) in mph".
@@ -130,7 +135,7 @@ std::size_t bracketUnitDivision(EditableTokenList& list, std::size_t index, cons
   if (!list.is(divisor, TokenType::unitExpression)) return index;
   const std::optional<TCUnit> left = list[*multiplicand].unitValue();
   const std::optional<TCUnit> right = list[*divisor].unitValue();
-  return left && right && haveSameBase(*left, *right) ? list.wrap(*dividend, *divisor) : index;
+  return left && right && haveEqualBaseUnits(*left, *right) ? list.wrap(*dividend, *divisor) : index;
 }
 
 }  // namespace
