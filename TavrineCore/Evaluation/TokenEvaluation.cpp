@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "TavrineCore/Customization/Variables/Variable.h"
@@ -10,6 +11,12 @@
 #include "TavrineCore/Evaluation/EvaluationNode.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
+#include "TavrineCore/Evaluation/Support/UnitProducts.h"
+#include "TavrineCore/Parsing/Helpers/RateExtractor.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
+#include "TavrineCore/Parsing/Primitives/RateType.h"
+#include "TavrineCore/Parsing/Primitives/UnitConversion.h"
+#include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -82,6 +89,22 @@ Token evaluateHashtag(const Token& token) {
   return variable ? TokenFactory::variable(*variable) : Token();
 }
 
+/// "500 m / km" is plain 0.5, "5 / Hz" are 5 seconds; what is counted by time stays a rate.
+Token evaluateRate(const Token& token) {
+  const std::optional<RateType> rate = RateExtractor::from(token);
+  if (const auto* ofUnits = rate ? std::get_if<UnitRate>(&*rate) : nullptr) {
+    const std::optional<EvaluationResult> simpler = resolved(*ofUnits);
+    return simpler ? simpler->tokenized() : token;
+  }
+  const auto* ofNumbers = rate ? std::get_if<DecimalRate>(&*rate) : nullptr;
+  if (ofNumbers == nullptr || ofNumbers->perUnit.unitType() != UnitType::frequency) return token;
+  // So many for each hertz are so many seconds.
+  const std::optional<TCUnit> reciprocal = UnitRelations::reciprocalOf(baseUnitOf(ofNumbers->perUnit));
+  if (!reciprocal) return token;
+  return TokenFactory::unitExpressionWith(ofNumbers->value / baseUnitValueOf(ofNumbers->perUnit), *reciprocal,
+                                          /*prefersCompoundFormatting=*/true);
+}
+
 Token evaluateRemoteQuery(const Token&) { return pendingToken(); }
 
 struct TokenEvaluatorRow {
@@ -93,6 +116,7 @@ struct TokenEvaluatorRow {
 constexpr auto kTokenEvaluators = std::to_array<TokenEvaluatorRow>({
     {TokenType::subexpression, evaluateSubexpression},
     {TokenType::conditionalExpression, evaluateConditional},
+    {TokenType::rate, evaluateRate},
     {TokenType::functionExpression, evaluateFunctionExpression},
     {TokenType::wordFunction, evaluateWordFunction},
     {TokenType::variableDeclaration, evaluateDeclaration},

@@ -11,7 +11,8 @@ namespace tavrine {
 inline constexpr TokenTypeSet kTypesToEvaluate{
     TokenType::subexpression, TokenType::conditionalExpression, TokenType::functionExpression,
     TokenType::wordFunction,  TokenType::variableDeclaration,   TokenType::unitDeclaration,
-    TokenType::hashtag,       TokenType::remoteQuery,           TokenType::conditionalVariableDeclaration};
+    TokenType::hashtag,       TokenType::remoteQuery,           TokenType::conditionalVariableDeclaration,
+    TokenType::rate};
 
 [[nodiscard]] inline bool evaluatesToItself(const Token& token) { return !kTypesToEvaluate.contains(token.type); }
 

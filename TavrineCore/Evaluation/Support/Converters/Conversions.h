@@ -1,6 +1,10 @@
 #pragma once
 
+#include <optional>
+
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
+#include "TavrineCore/Parsing/Primitives/RateType.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 
 /// The conversions by family; their order stands in TokenConverterFactory.cpp.
 namespace tavrine::conversions {
@@ -17,11 +21,16 @@ Token intoOctal(const ConverterOperands& operands);
 Token intoHex(const ConverterOperands& operands);
 
 // UnitConversions.cpp
+/// An evaluated token in the unit; a token without a unit is taken to be in it.
+Token intoUnit(const Token& operand, const TCUnit& toUnit);
 Token intoUnit(const ConverterOperands& operands);
 Token intoUnitExpression(const ConverterOperands& operands);
 Token intoUnitWithSpecifiedRate(const ConverterOperands& operands);
 
 // RateConversions.cpp
+/// The quantity in the unit, or in a rate of it ("60 km/h in miles"); nothing where it is of another kind.
+std::optional<Token> convertedQuantity(const UnitExpression& expression, const TCUnit& toUnit);
+Token rateIntoUnit(const RateType& rate, const TCUnit& toUnit);
 Token intoRate(const ConverterOperands& operands);
 Token intoFrequencyRate(const ConverterOperands& operands);
 

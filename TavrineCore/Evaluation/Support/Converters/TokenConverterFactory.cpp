@@ -52,8 +52,11 @@ constexpr auto kConverterClasses = std::to_array<TokenConverter>({
     {"IntoBinaryTokenConverter", Subtype::binaryConverter, kNumeric, conversions::intoBinary},
     {"IntoOctalTokenConverter", Subtype::octalConverter, kNumeric, conversions::intoOctal},
     {"IntoHexTokenConverter", Subtype::hexadecimalConverter, kNumeric, conversions::intoHex},
-    {"IntoRateTokenConverter", Subtype::rateConverter, {rate, unitExpression}},
-    {"IntoFrequencyRateTokenConverter", Subtype::frequencyRateConverter, {rate, unitExpression}},
+    {"IntoRateTokenConverter", Subtype::rateConverter, {rate, unitExpression}, conversions::intoRate},
+    {"IntoFrequencyRateTokenConverter",
+     Subtype::frequencyRateConverter,
+     {rate, unitExpression},
+     conversions::intoFrequencyRate},
     // Shares its subtype with the third row: the operand decides between them.
     {"TimespanIntoUnitTokenConverter", Subtype::unitConverter, {timespan, datespan}},
     {"IntoTimespanTokenConverter",

@@ -7,6 +7,8 @@
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
+#include "TavrineCore/Evaluation/TextEvaluation.h"
+#include "TavrineCore/Parsing/Helpers/RateExtractor.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/DegreesMinutesSeconds.h"
 #include "TavrineCore/Parsing/Primitives/Frametime.h"
@@ -24,17 +26,14 @@ namespace {
 
 Token unitMismatch() { return errorToken(EvaluationError::UnitMismatch); }
 
-/// A conversion is shown as one decimal number: "1 m in ft" is no "3 ft 3.37 in".
+Token orMismatch(std::optional<Token> token) { return token ? *std::move(token) : unitMismatch(); }
+
 Token tokenOf(const UnitExpression& expression) {
-  return TokenFactory::unitExpressionWith(expression.value, expression.unit, /*prefersCompoundFormatting=*/false);
+  return TokenFactory::unitExpressionWith(expression.value, expression.unit);
 }
 
-Token tokenOr(Token otherwise, const std::optional<UnitExpression>& expression) {
-  return expression ? tokenOf(*expression) : std::move(otherwise);
-}
-
-std::optional<UnitExpression> secondsTo(const Decimal& seconds, const TCUnit& toUnit) {
-  return to({seconds, unitOf(UnitIdentifier::seconds)}, toUnit);
+std::optional<Token> secondsInto(const TCUnit& toUnit, const Decimal& seconds) {
+  return convertedQuantity({seconds, unitOf(UnitIdentifier::seconds)}, toUnit);
 }
 
 /// Of currencies and other units that are made anew for a query, the name tells.
@@ -48,19 +47,20 @@ bool areOfOneKind(const TCUnit& a, const TCUnit& b) {
 
 Token unixTimestampInto(const TCUnit& toUnit, const Token& operand) {
   if (toUnit.unitType() != UnitType::duration) return unitMismatch();
-  return tokenOr(unitMismatch(), secondsTo(operand.decimalValue(), toUnit));
+  return orMismatch(secondsInto(toUnit, operand.decimalValue()));
 }
 
 Token laptimeInto(const TCUnit& toUnit, const Laptime& laptime) {
   const Decimal seconds = Decimal(laptime.hour.value_or(0)) * Decimal(3600) + Decimal(laptime.minute) * Decimal(60) +
                           laptime.seconds.value_or(Decimal(0));
-  return tokenOr(Token(), secondsTo(seconds, toUnit));
+  return orMismatch(secondsInto(toUnit, seconds));
 }
 
 Token pitchInto(const TCUnit& toUnit, const Pitch& pitch) {
   const TCUnit& hertz = unitOf(UnitIdentifier::hertz);
-  if (!haveEqualBaseUnits(toUnit, hertz)) return unitMismatch();
-  return tokenOr(Token(), to({Pitch::frequencyFor(pitch), hertz}, toUnit));
+  const auto frequency =
+      haveEqualBaseUnits(toUnit, hertz) ? to({Pitch::frequencyFor(pitch), hertz}, toUnit) : std::nullopt;
+  return frequency ? tokenOf(*frequency) : unitMismatch();
 }
 
 Token frametimeInto(const TCUnit& toUnit, const Frametime& time) {
@@ -70,27 +70,37 @@ Token frametimeInto(const TCUnit& toUnit, const Frametime& time) {
     const Decimal frames = (wholeSeconds * time.fps).rounded(0, RoundingMode::plain) + Decimal(time.frame);
     return tokenOf({frames, toUnit});
   }
-  return tokenOr(unitMismatch(), secondsTo(wholeSeconds + Decimal(time.frame) / time.fps, toUnit));
+  return orMismatch(secondsInto(toUnit, wholeSeconds + Decimal(time.frame) / time.fps));
 }
 
-Token unitExpressionInto(const TCUnit& toUnit, const Token& operand, const UnitExpression& expression) {
-  if (expression.unit == toUnit) return operand;
-  if (const std::optional<UnitExpression> converted = to(expression, toUnit)) return tokenOf(*converted);
-  return unitMismatch();
+Token literalInto(const TCUnit& toUnit, const Token& operand) {
+  const Token value = resultOfText(operand.stringValue).tokenized();
+  return value.is(TokenType::literal) ? Token() : intoUnit(value, toUnit);
 }
+
+}  // namespace
 
 Token intoUnit(const Token& operand, const TCUnit& toUnit) {
-  if (const auto dms = operand.dmsValue(); dms && toUnit.unitType() == UnitType::angle) {
-    return tokenOr(unitMismatch(), convertedTo({dms->decimalDegrees(), unitOf(UnitIdentifier::degrees)}, toUnit));
+  if (operand.is(TokenType::error)) return operand;
+  if (const std::optional<RateType> rate = RateExtractor::from(operand)) return rateIntoUnit(*rate, toUnit);
+  if (const auto dms = operand.dmsValue()) {
+    return orMismatch(convertedQuantity({dms->decimalDegrees(), unitOf(UnitIdentifier::degrees)}, toUnit));
   }
   if (operand.is(TokenType::unixTimestamp)) return unixTimestampInto(toUnit, operand);
   if (const auto laptime = operand.laptimeValue()) return laptimeInto(toUnit, *laptime);
   if (const auto pitch = operand.pitchValue()) return pitchInto(toUnit, *pitch);
   if (const auto frametime = operand.frametimeValue()) return frametimeInto(toUnit, *frametime);
-  if (const auto expression = operand.unitExpressionValue()) return unitExpressionInto(toUnit, operand, *expression);
+  // "USD in EUR" asks for one of it.
+  if (operand.is(TokenType::unit)) return orMismatch(convertedQuantity({Decimal(1), *operand.unitValue()}, toUnit));
+  if (operand.is(TokenType::literal)) return literalInto(toUnit, operand);
+  const std::optional<UnitExpression> expression = operand.unitExpressionValue();
   // "5 in km" names the unit that the number has meant all along.
-  return tokenOf({operand.decimalValue(), toUnit});
+  if (!expression) return tokenOf({operand.decimalValue(), toUnit});
+  if (expression->unit == toUnit) return operand;
+  return orMismatch(convertedQuantity(*expression, toUnit));
 }
+
+namespace {
 
 /// A unit as large as the expression, so that something can be counted in it: in "200 m".
 TCUnit unitAsLargeAs(const UnitExpression& expression) {
