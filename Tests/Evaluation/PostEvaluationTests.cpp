@@ -12,6 +12,7 @@
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/ResultFormatting/FormattingPreferences.h"
+#include "Tests/Evaluation/UnitTokens.h"
 
 namespace tavrine::testing {
 namespace {
@@ -65,6 +66,38 @@ TEST(PostEvaluationTests, LoneValuesAreConverted) {
   };
   for (const auto& row : rows) {
     EXPECT_EQ(describeResult(evaluator.evaluate(tokensOf(row.line), &row.preferences)), row.want) << row.line;
+  }
+}
+
+TEST(PostEvaluationTests, LoneQuantitiesAreConverted) {
+  const TokenListEvaluator evaluator(EngineCustomization::basic());
+  FormattingPreferences automatic;
+  automatic.resultConversionBehavior = ResultConversionBehavior::automatic();
+  FormattingPreferences custom;
+  custom.resultConversionBehavior = ResultConversionBehavior::customRules(
+      {ResultConversionRule::unitExpressionWith(UnitIdentifier::meters, UnitIdentifier::centimeters),
+       ResultConversionRule::unitExpressionOf(UnitType::length, UnitIdentifier::kilometers),
+       ResultConversionRule::convertToFeetAndInchesUnitExpressionWith(UnitIdentifier::kilometers)});
+  const FormattingPreferences none;
+  struct {
+    std::string_view line;
+    const FormattingPreferences& preferences;
+    std::string_view want;
+  } const rows[] = {
+      {"2.54 centimeters", automatic, "1 inches"},
+      {"2 feet", automatic, "0.6096 meters"},
+      {"300 kelvin", automatic, "26.85 celsius"},
+      // Feet and inches come before yards.
+      {"3.048 meters", automatic, "10 feet (compound)"},
+      {"5 kilometers", none, "5 kilometers"},
+      {"5 meters", custom, "500 centimeters"},
+      {"500 centimeters", custom, "0.005 kilometers"},
+      {"0.003048 kilometers", custom, "10 feet (compound)"},
+      {"5 kilograms", custom, "5 kilograms"},
+  };
+  for (const auto& row : rows) {
+    const TokenList line({valueToken(row.line)});
+    EXPECT_EQ(describeValue(evaluator.evaluate(line, &row.preferences).tokenized()), row.want) << row.line;
   }
 }
 

@@ -15,6 +15,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 #include "Tests/Evaluation/EvaluationTestSupport.h"
+#include "Tests/Evaluation/UnitTokens.h"
 
 namespace tavrine::testing {
 namespace {
@@ -80,6 +81,29 @@ TEST(TraditionalFunctions, OfNumbers) {
       {"boxm", "12", "none"},
   });
   for (const Case& c : cases) EXPECT_EQ(applied(c.function, c.argument), c.want) << c.function << ' ' << c.argument;
+}
+
+TEST(TraditionalFunctions, OfQuantities) {
+  const auto cases = std::to_array<Case>({
+      {"sqrt", "9 squareMeters", "3 meters"},
+      {"sqrt", "4 squareKilometers", "2 kilometers"},
+      {"cbrt", "27 cubicMeters", "3 meters"},
+      {"sqrt", "4 kilograms", "error UnsupportedUnitMultiplication"},
+      {"cbrt", "8 squareMeters", "error UnsupportedUnitMultiplication"},
+      {"sqrt", "-4 squareMeters", "error ImaginaryNumber"},
+      {"round", "5.5 kilometers", "6 kilometers"},
+      {"ceil", "5.2 kilometers / hours", "6 kilometers / hours"},
+      {"sin", "90 degrees", "1"},
+      {"arcsin", "1", "1.5707963267948966 radians"},
+  });
+  for (const Case& row : cases) {
+    const Token call(
+        TokenType::functionExpression, TokenSubType::notSpecified, "", NSRange::zero,
+        TokenList::frozen(std::vector<Token>{Token(TokenType::functionName, std::string(row.function), NSRange::zero),
+                                             valueToken(row.argument)}));
+    const std::optional<Token> answer = FunctionExpressionEvaluator::evaluateFunction(call);
+    EXPECT_EQ(answer ? describeValue(*answer) : "none", row.want) << row.function << " of " << row.argument;
+  }
 }
 
 TEST(TraditionalFunctions, AnglesKeepToTheUnitOfTheArgument) {

@@ -7,9 +7,11 @@
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Evaluation/Support/UnitCalculator.h"
 #include "TavrineCore/Parsing/Primitives/Datestamp.h"
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
+#include "TavrineCore/Parsing/Primitives/RateArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/Parsing/Tokens/Token.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
@@ -48,15 +50,21 @@ Sum fractions(const EvaluationResult& left, const EvaluationResult& right) {
   return EvaluationResult::fraction(sum);
 }
 
-/// 10 kg and 5 km: the later one.
+/// 10 kg and 5 km: the later one. 3 hours and 20 minutes make a timespan.
 Sum unitExpressions(const EvaluationResult& left, const EvaluationResult& right) {
-  EvaluationResult sum = added(left.tokenized(), right.tokenized());
-  return sum.is(Case::unitExpression) ? sum : right;
+  Sum sum = UnitCalculator::performUnitCalculation(
+      UnitCalculation::unitsAddition(*left.as<Case::unitExpression>(), *right.as<Case::unitExpression>()));
+  return sum && !sum->is(Case::error) ? sum : right;
 }
 
 Sum rates(const EvaluationResult& left, const EvaluationResult& right) {
   EvaluationResult sum = added(left.tokenized(), right.tokenized());
   return sum.equivalentTokenType() == TokenType::rate ? sum : EvaluationResult::none();
+}
+
+Sum percentageRates(const EvaluationResult& left, const EvaluationResult& right) {
+  const auto sum = *left.as<Case::percentageRate>() + *right.as<Case::percentageRate>();
+  return sum ? Sum(EvaluationResult::percentageRate(*sum)) : std::nullopt;
 }
 
 using Addition = Sum (*)(const EvaluationResult& left, const EvaluationResult& right);
@@ -74,7 +82,7 @@ constexpr auto kSameCase = std::to_array<SameCaseRow>({
     {Case::unitExpression, unitExpressions},
     {Case::decimalRate, rates},
     {Case::unitRate, rates},
-    {Case::percentageRate, nullptr},
+    {Case::percentageRate, percentageRates},
     {Case::date, nullptr},
     {Case::timespan, nullptr},
     {Case::laptime, nullptr},
