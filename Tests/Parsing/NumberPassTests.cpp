@@ -185,7 +185,7 @@ constexpr Case kNumbers[] = {
     {"S10", "5 × pi2", "5 _ × _ 3.1415926535897932384626433832795028842 2"},
     {"S10", "march5", "dateWord 5"},
     {"S10", "C4 to F#3", "pitch _ converterSymbol _ pitch"},
-    {"S10", "abc2 h2m K2", "unidentified _ unidentified 2 unidentified _ unidentified"},
+    {"S10", "abc2 h2m K2", "unidentified _ unit 2 unit _ unidentified"},
 };
 
 TEST(NumberPasses, MakeNumbersOfSeveralLexemes) { check(Reader("en_US"), kNumbers); }

@@ -42,6 +42,7 @@ EngineContent::EngineContent(const EngineCustomization& customization)
                     fixtures = Lazy<StringMap<Fixture>>(additionalFixtures)] {
         return FixturesList(fixtures, dateWords, numberWords);
       }),
+      unitList([customization] { return UnitList(customization); }),
       localeMetadata([locale = customization.locale()] { return LocaleMetadata(locale); }) {}
 
 std::shared_ptr<const EngineContent> EngineContent::basic() {

@@ -8,6 +8,7 @@
 #include "TavrineCore/Customization/Engine/LocaleMetadata.h"
 #include "TavrineCore/Customization/Fixtures/FixturesList.h"
 #include "TavrineCore/Customization/Functions/TraditionalFunctionList.h"
+#include "TavrineCore/Customization/Units/UnitList.h"
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Helpers/NumberWordsList.h"
 #include "TavrineCore/Utility/Lazy.h"
@@ -27,6 +28,7 @@ struct EngineContent {
   Lazy<DateWordsList> dateWordsList;
   Lazy<NumberWordsList> numberWordsList;
   Lazy<FixturesList> fixturesList;
+  Lazy<UnitList> unitList;
   Lazy<LocaleMetadata> localeMetadata;
 };
 

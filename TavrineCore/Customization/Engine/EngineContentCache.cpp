@@ -15,7 +15,19 @@ std::shared_ptr<const EngineContent> newContentFor(const EngineCustomization& ne
                                                    const EngineContent& oldContent) {
   const ContentReuse reuse = contentReuse(newCustomization, oldCustomization);
   if (reuse.fromScratch) return std::make_shared<const EngineContent>(newCustomization);
-  return std::make_shared<const EngineContent>(oldContent);
+  auto content = std::make_shared<EngineContent>(oldContent);
+  switch (reuse.unitList) {
+    case ListReuse::keep:
+      break;
+    case ListReuse::extend:
+      content->unitList =
+          Lazy<UnitList>([base = oldContent.unitList, newCustomization] { return UnitList(*base, newCustomization); });
+      break;
+    case ListReuse::rebuild:
+      content->unitList = Lazy<UnitList>([newCustomization] { return UnitList(newCustomization); });
+      break;
+  }
+  return content;
 }
 
 }  // namespace

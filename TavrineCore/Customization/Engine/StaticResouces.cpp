@@ -13,6 +13,13 @@ namespace tavrine {
 
 namespace {
 
+template <typename Element>
+void append(std::vector<Element>& english, const std::vector<Element>& localized) {
+  english.insert(english.end(), localized.begin(), localized.end());
+}
+
+constexpr std::string_view kUnitDescriptionsFailure = "Failed to decode unit descriptions JSON: ";
+
 struct Readers {
   SerialQueue accessQueue{"Static Resources Access Queue"};
   ResourceReader<LocalizableFixtureSet> fixtures{
@@ -26,11 +33,88 @@ struct Readers {
   ResourceReader<DefaultCurrencyRates> defaultCurrencyRates{
       "Failed to decode default currency rates: ", &defaultCurrencyRatesFrom,
       [](DefaultCurrencyRates& english, const DefaultCurrencyRates& localized) { english = localized; }};
+  ResourceReader<std::vector<UnitDescription>> unitDescriptions{
+      kUnitDescriptionsFailure, &StaticResouces::unitDescriptionsFrom, &append<UnitDescription>};
+  ResourceReader<std::vector<UnitShorthand>> unitShorthands{
+      kUnitDescriptionsFailure, &StaticResouces::unitShorthandsFrom, &append<UnitShorthand>};
 };
 
 Readers& readers() {
   static Readers all;
   return all;
+}
+
+/// The content of the file, or an empty one.
+template <typename Content>
+std::shared_ptr<const Content> contentNamed(std::string_view fileName, ResourceReader<Content> Readers::*reader) {
+  Readers& all = readers();
+  auto content = all.accessQueue.sync([&] { return (all.*reader).localized(Bundle::foundationBundle(), fileName); });
+  return content == nullptr ? std::make_shared<const Content>() : content;
+}
+
+/// The strings of the array under the key, or nothing when that is no array of strings.
+std::optional<std::vector<std::string>> stringsOf(const Json& object, std::string_view key) {
+  const Json* const member = object.find(key);
+  const Json::Array* const elements = member == nullptr ? nullptr : member->asArray();
+  if (elements == nullptr) return std::nullopt;
+  std::vector<std::string> result;
+  result.reserve(elements->size());
+  for (const Json& element : *elements) {
+    const std::string* const text = element.asString();
+    if (text == nullptr) return std::nullopt;
+    result.push_back(*text);
+  }
+  return result;
+}
+
+const std::string* stringOf(const Json& object, std::string_view key) {
+  const Json* const member = object.find(key);
+  return member == nullptr ? nullptr : member->asString();
+}
+
+std::optional<UnitDescription> unitDescriptionFrom(const Json& object) {
+  const std::string* const symbol = stringOf(object, "symbol");
+  auto aliases = stringsOf(object, "aliases");
+  const std::string* const name = stringOf(object, "identifier");
+  const auto identifier = name == nullptr ? std::nullopt : unitIdentifierNamed(*name);
+  if (symbol == nullptr || !aliases || !identifier) return std::nullopt;
+
+  UnitDescription result{.symbol = *symbol, .aliases = *std::move(aliases), .associatedUnitIdentifier = *identifier};
+  if (const Json* const equivalence = object.find("equivalence"); equivalence != nullptr && !equivalence->isNull()) {
+    const std::string* const digits = equivalence->asNumberText();
+    if (digits != nullptr) result.equivalence = Decimal::parse(*digits);
+    if (!result.equivalence) return std::nullopt;
+  }
+  return result;
+}
+
+std::optional<UnitShorthand> unitShorthandFrom(const Json& object) {
+  auto aliases = stringsOf(object, "aliases");
+  const std::string* const identifier = stringOf(object, "identifier");
+  if (!aliases || identifier == nullptr) return std::nullopt;
+  return UnitShorthand{.aliases = *std::move(aliases), .identifier = *identifier};
+}
+
+std::string errorOf(const JsonParseResult& parsed) {
+  return parsed.error + " at byte " + std::to_string(parsed.errorOffset);
+}
+
+/// A file that is an array, each element of which `decode` understands.
+template <typename Element>
+DecodedResource<std::vector<Element>> elementsFrom(std::string_view bytes,
+                                                   std::optional<Element> (*decode)(const Json&)) {
+  const JsonParseResult parsed = Json::parse(bytes);
+  if (!parsed) return {std::nullopt, errorOf(parsed)};
+  const Json::Array* const elements = parsed.value->asArray();
+  if (elements == nullptr) return {std::nullopt, "no array"};
+  std::vector<Element> result;
+  result.reserve(elements->size());
+  for (const Json& element : *elements) {
+    auto decoded = decode(element);
+    if (!decoded) return {std::nullopt, "entry " + std::to_string(result.size()) + " is no good"};
+    result.push_back(*std::move(decoded));
+  }
+  return {std::move(result), {}};
 }
 
 LocalizableFixtureSet fixturesNamed(std::string_view fileName) {
@@ -65,9 +149,25 @@ DefaultCurrencyRates StaticResouces::defaultCurrencyRates() {
   });
 }
 
+std::shared_ptr<const std::vector<UnitDescription>> StaticResouces::localizedUnitDescriptions() {
+  return contentNamed("UnitDescriptions", &Readers::unitDescriptions);
+}
+
+std::shared_ptr<const std::vector<UnitShorthand>> StaticResouces::localizedUnitShorthands() {
+  return contentNamed("LocalizedUnitShorthands", &Readers::unitShorthands);
+}
+
+DecodedResource<std::vector<UnitDescription>> StaticResouces::unitDescriptionsFrom(std::string_view bytes) {
+  return elementsFrom<UnitDescription>(bytes, &unitDescriptionFrom);
+}
+
+DecodedResource<std::vector<UnitShorthand>> StaticResouces::unitShorthandsFrom(std::string_view bytes) {
+  return elementsFrom<UnitShorthand>(bytes, &unitShorthandFrom);
+}
+
 DecodedResource<LocalizableFixtureSet> StaticResouces::localizedFixtureSetFrom(std::string_view bytes) {
   const JsonParseResult parsed = Json::parse(bytes);
-  if (!parsed) return {std::nullopt, parsed.error + " at byte " + std::to_string(parsed.errorOffset)};
+  if (!parsed) return {std::nullopt, errorOf(parsed)};
   const Json* const fixtures = parsed.value->find("fixtures");
   const Json::Object* const members = fixtures == nullptr ? nullptr : fixtures->asObject();
   if (members == nullptr) return {std::nullopt, "no object \"fixtures\""};

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "TavrineCore/Customization/Currencies/CurrencyDescription.h"
 #include "TavrineCore/Customization/Engine/ResourceReader.h"
 #include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
+#include "TavrineCore/Customization/Units/UnitDescription.h"
 
 namespace tavrine {
 
@@ -22,9 +24,17 @@ class StaticResouces {
   static std::vector<CurrencyDescription> currencyDescriptions();
   /// "DefaultCurrencyRates": what money is worth where no host tells.
   static DefaultCurrencyRates defaultCurrencyRates();
+  /// "UnitDescriptions": the words of the units. Never null.
+  static std::shared_ptr<const std::vector<UnitDescription>> localizedUnitDescriptions();
+  /// "LocalizedUnitShorthands": more words for some of them. Never null.
+  static std::shared_ptr<const std::vector<UnitShorthand>> localizedUnitShorthands();
 
   /// The decoder of both files of fixtures: {"fixtures": {key: [words]}}. Keys that nobody knows are passed over.
   static DecodedResource<LocalizableFixtureSet> localizedFixtureSetFrom(std::string_view bytes);
+  /// An array of {"symbol", "aliases", "identifier", "equivalence"?}. One entry that is no good spoils the file.
+  static DecodedResource<std::vector<UnitDescription>> unitDescriptionsFrom(std::string_view bytes);
+  /// An array of {"aliases", "identifier"}.
+  static DecodedResource<std::vector<UnitShorthand>> unitShorthandsFrom(std::string_view bytes);
 };
 
 }  // namespace tavrine

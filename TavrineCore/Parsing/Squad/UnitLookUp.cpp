@@ -1,9 +1,16 @@
 #include "TavrineCore/Parsing/Squad/UnitLookUp.h"
 
+#include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+
 namespace tavrine {
 
-std::optional<TCUnit> unitNamed(std::string_view, const PassContext&) { return std::nullopt; }
+std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context) {
+  return context.content.unitList->quickLookup(name);
+}
 
-bool isCurrencySubstitution(std::string_view, const PassContext&) { return false; }
+bool isCurrencySubstitution(std::string_view symbol, const PassContext& context) {
+  return context.content.unitList->isCurrencySubstitution(symbol);
+}
 
 }  // namespace tavrine

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "Foundation/StringMap.h"
+#include "TavrineCore/Customization/Units/CustomUnit.h"
+#include "TavrineCore/Customization/Units/UnitDescription.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/UnitIdentifier.h"
+
+namespace tavrine {
+
+class EngineCustomization;
+struct UnitSymbolReplacement;
+
+/// The words of a customization's units. Later words overwrite earlier ones, so that what a user adds wins. Read-only
+/// once made. The words are views into the descriptions, which are shared with the resources.
+class UnitListCache {
+ public:
+  explicit UnitListCache(const EngineCustomization& customization);
+  /// The words of `base`, and custom units on top.
+  UnitListCache(const UnitListCache& base, const std::vector<CustomUnit>& customUnits);
+
+  using DescriptionPointer = std::shared_ptr<const UnitDescription>;
+
+  /// What the word means, exactly as written; null when it means nothing.
+  [[nodiscard]] const DescriptionPointer* unitDescriptionForQuery(std::string_view word) const;
+  /// The first description of the identifier; null when there is none.
+  [[nodiscard]] const DescriptionPointer* unitDescriptionFor(UnitIdentifier identifier) const;
+  /// The lower-case word that a currency's sign stands for: "usd" for "$"; null for all other texts.
+  [[nodiscard]] const std::string* querySubstitutionFor(std::string_view sign) const;
+  /// The first lexeme of each name that has several.
+  [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const { return firstWordsInMultiWordUnitsCache_; }
+
+  /// Calls `visit(word, description)` for each word; in no order.
+  template <class Visit>
+  void forEachQuery(Visit&& visit) const {
+    for (const auto& [word, index] : unitDescriptionsForQueries_) visit(word, *descriptions_[index]);
+  }
+
+ private:
+  using Index = std::uint16_t;
+  static constexpr Index kNone = 0xffff;
+
+  void cacheSigns(const std::vector<UnitSymbolReplacement>& signs);
+  void cacheAll(const std::shared_ptr<const std::vector<UnitDescription>>& descriptions);
+  void cache(DescriptionPointer description);
+  void cacheShorthands();
+  void cacheCustomUnits(const std::vector<CustomUnit>& customUnits);
+  /// The word, and the way that people write it who leave accents out.
+  void cacheWord(std::string_view word, Index index);
+  void cacheFirstWord(std::string_view name);
+  std::string_view keep(std::string word);
+
+  bool generateDiacriticFreeVariants_;
+  StringMap<std::string> querySubstitutions_;
+  StringSet firstWordsInMultiWordUnitsCache_;
+  std::vector<DescriptionPointer> descriptions_;
+  std::unordered_map<std::string_view, Index> unitDescriptionsForQueries_;
+  std::array<Index, kUnitIdentifierCount> unitDescriptionsByIdentifier_;
+  // Words that stand in no description: what the views of the map look at must not move.
+  std::vector<std::shared_ptr<const std::string>> ownWords_;
+};
+
+}  // namespace tavrine
