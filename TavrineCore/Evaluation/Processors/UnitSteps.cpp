@@ -54,17 +54,32 @@ std::size_t convertIntoBareUnit(EditableTokenList& list, std::size_t index, cons
   return list.replace(index, index, TokenFactory::converterToUnitWith(list[index].metadata));
 }
 
-/// "5 ft 3 in" → (3 in + 5 ft).
+Token negatedAmount(const Token& amount) {
+  const auto* metadata = amount.metadataAs<UnitExpressionTokenMetadata>();
+  if (metadata == nullptr) return amount;
+  return TokenFactory::unitExpressionWith(metadata->numericValue.decimalValue.negated(), metadata->numericValue.scalar,
+                                          metadata->unitMetaData.underlyingTCUnit, metadata->prefersCompoundFormatting);
+}
+
+/// "5 ft 3 in" → (3 in + 5 ft). A sign that was taken off the first part is one before the whole: "-5 ft 3 in" is
+/// (-3 in + -5 ft), and behind an amount it subtracts.
 std::size_t addUpCompoundUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
   const TokenListRef parts = list[index].subtokens;
   if (isIn(parent, TokenType::wordFunction) || isIn(parent, TokenType::timespan) || !parts) return index;
+  const Token* first = parts->first();
+  const bool isNegative = first != nullptr && first->is(TokenType::operator_, TokenSubType::subtractionOperator);
+  const Token* before = isNegative ? list.tokenAt(list.previous(index, TokenTypeSet::randomWords)) : nullptr;
+  const bool isSubtracted = before != nullptr && (before->hasDecimalValue() || before->is(TokenType::subexpression));
   std::vector<Token> sum;
   for (std::size_t i = parts->count(); i-- > 0;) {
-    if (!(*parts)[i].is(TokenType::unitExpression)) continue;
+    const Token& part = (*parts)[i];
+    if (!part.is(TokenType::unitExpression)) continue;
     if (!sum.empty()) sum.push_back(operatorToken(TokenSubType::additionOperator, "+"));
-    sum.push_back((*parts)[i]);
+    sum.push_back(isNegative && !isSubtracted ? negatedAmount(part) : part);
   }
-  return list.replace(index, index, subexpressionOver(std::move(sum)));
+  Token whole = subexpressionOver(std::move(sum));
+  if (!isSubtracted) return list.replace(index, index, std::move(whole));
+  return list.replace(index, index, {operatorToken(TokenSubType::subtractionOperator, "-"), std::move(whole)});
 }
 
 std::size_t removeOverSpecifiedUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
