@@ -36,8 +36,10 @@ std::optional<UnitRate> sumOf(const UnitRate& left, const UnitRate& right, UnitS
     const std::optional<UnitRate> turned = reciprocalOf(right);
     return turned ? sumOf(left, *turned, operation) : std::nullopt;
   }
-  std::optional<TCUnit> ofUnit;
-  if (left.ofUnit) ofUnit = winningUnitInMixedUnitArithmatic(*left.ofUnit, *right.ofUnit, operation);
+  std::optional<TCUnit> ofUnit = left.ofUnit;
+  if (ofUnit && ofUnit->unitType() == UnitType::currency) {
+    ofUnit = winningUnitInMixedUnitArithmatic(*left.ofUnit, *right.ofUnit, operation);
+  }
   const auto valueOf = [&](const UnitRate& rate) {
     const bool isSame = rate.ofUnit == ofUnit && rate.perUnit == left.perUnit;
     return isSame ? rate.value : scaledTo(rate, ofUnit, left.perUnit).value;

@@ -51,8 +51,8 @@ std::optional<UnitExpression> synonymousUnitExpressionOf(const UnitRate& rate);
 /// The order of two rates of the same kinds; `unordered` for different kinds.
 std::partial_ordering compareRates(const UnitRate& left, const UnitRate& right);
 
-/// Sums of rates of the same kinds, or of kinds that are each other turned over. The result is per the left unit; what
-/// is counted is in the unit that wins in a sum of quantities.
+/// Sums of rates of the same kinds, or of kinds that are each other turned over, in the left units. Of money added the
+/// second unit wins, as in sums of quantities.
 std::optional<UnitRate> operator+(const UnitRate& left, const UnitRate& right);
 std::optional<UnitRate> operator-(const UnitRate& left, const UnitRate& right);
 

@@ -11,7 +11,6 @@ namespace tavrine {
 
 struct UnitCalculation;
 struct UnitExpression;
-class TCUnit;
 
 }  // namespace tavrine
 
@@ -51,8 +50,6 @@ Decimal unscaledValueOf(const Token& expression);
 Answer likeOperand(const Token& expression, Answer result);
 /// What the calculator gives, as a token; the blank token where the calculation doesn't apply.
 Answer calculated(const UnitCalculation& calculation);
-/// A calculated quantity; the error that it is where the value is no number.
-Token quantityToken(const Decimal& value, const TCUnit& unit);
 
 // RatePairs.cpp
 Answer ratesPair(const PairOperands& operands);

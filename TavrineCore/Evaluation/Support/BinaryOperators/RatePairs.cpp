@@ -29,13 +29,11 @@ std::optional<UnitRate> unitRateOf(const std::optional<RateType>& rate) {
 std::optional<UnitRate> unitRateOf(const Token& token) { return unitRateOf(RateExtractor::from(token)); }
 
 Token rateToken(UnitRate rate) {
-  if (rate.value.isNaN()) return errorToken(EvaluationError::Infinity);
   rate.prefersCompoundUnitFormatting = false;
   return TokenFactory::rateWith(std::make_shared<const UnitRateTokenMetadata>(std::move(rate)));
 }
 
 Token rateToken(PercentageRate rate) {
-  if (rate.percentage.decimalValue.isNaN()) return errorToken(EvaluationError::Infinity);
   return TokenFactory::rateWith(std::make_shared<const PercentageRateTokenMetadata>(std::move(rate)));
 }
 
@@ -107,7 +105,7 @@ Answer decimalFirst(const Decimal& number, const UnitRate& rate, const PairOpera
     case Sub::divisionOperator:
       if (rate.value.isZero()) return errorToken(EvaluationError::DivideByZero);
       if (rate.ofUnit) return rateToken({number / rate.value, rate.perUnit, *rate.ofUnit});
-      return quantityToken(number / rate.value, rate.perUnit);
+      return TokenFactory::unitExpressionWith(number / rate.value, rate.perUnit, true);
     default:
       return operands.secondToken;
   }
@@ -152,7 +150,8 @@ Answer dividedByUnit(const RateType& rate, const TCUnit& unit) {
   const auto ratio = ratioOf(ofUnit->perUnit, unit);
   if (!ratio) return ofUnit->ofUnit ? errorToken(EvaluationError::UnsupportedRate) : Token();
   const Decimal value = ofUnit->value / *ratio;
-  return ofUnit->ofUnit ? quantityToken(value, *ofUnit->ofUnit) : TokenFactory::numberWith(value);
+  return ofUnit->ofUnit ? TokenFactory::unitExpressionWith(value, *ofUnit->ofUnit, true)
+                        : TokenFactory::numberWith(value);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "TavrineCore/Evaluation/Support/BinaryOperators/Pairs.h"
 #include "TavrineCore/Evaluation/Support/RuleObserver.h"
+#include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
 namespace tavrine {
 
@@ -107,6 +108,15 @@ Prefilter makePrefilter() {
   return table;
 }
 
+constexpr TokenTypeSet kTypesWithValue{percentage, unitExpression, rate, multiplier};
+
+/// Whether the value left the range of numbers. A plain number that did so reads as the error by itself.
+bool hasLostItsValue(const Token& token) {
+  if (!kTypesWithValue.contains(token.type)) return false;
+  const std::optional<Decimal> value = token.ownDecimalValue();
+  return value && value->isNaN();
+}
+
 }  // namespace
 
 std::span<const BinaryOperandPair> TokenAndOperatorPairFactory::pairClasses() { return kPairClasses; }
@@ -127,7 +137,8 @@ Token evaluatedPair(const Token& first, const Token& second, const Token& operat
   noteRule(pair.name);
   if (pair.evaluate == nullptr) return Token();
   std::optional<Token> result = pair.evaluate(operands);
-  return result ? std::move(*result) : Token();
+  if (!result) return Token();
+  return hasLostItsValue(*result) ? errorToken(EvaluationError::Infinity) : std::move(*result);
 }
 
 }  // namespace tavrine

@@ -135,11 +135,12 @@ Answer decimalAndUnitExpressionPair(const PairOperands& operands) {
       return Token();
     case Sub::powerOperator:
       if (isUnitFirst) return calculated(UnitCalculation::unitToPower(expression, number));
-      return quantityToken(TCDecimalPower(number, expression.value), expression.unit);
+      return TokenFactory::unitExpressionWith(TCDecimalPower(number, expression.value), expression.unit, true);
     case Sub::modOperator: {
       const Decimal& divisor = isUnitFirst ? number : expression.value;
       if (divisor.isZero()) return errorToken(EvaluationError::DivideByZero);
-      return quantityToken(DDDecimalMod(isUnitFirst ? expression.value : number, divisor), expression.unit);
+      const Decimal& dividend = isUnitFirst ? expression.value : number;
+      return TokenFactory::unitExpressionWith(DDDecimalMod(dividend, divisor), expression.unit, true);
     }
     default:
       return isUnitFirst ? calculated(expression.value, number, operands.operatorToken)
@@ -193,11 +194,6 @@ Answer unitExpressionAndUnitPair(const PairOperands& operands) {
     default:
       return Token();
   }
-}
-
-Token quantityToken(const Decimal& value, const TCUnit& unit) {
-  if (value.isNaN()) return errorToken(EvaluationError::Infinity);
-  return TokenFactory::unitExpressionWith(value, unit, true);
 }
 
 }  // namespace tavrine::pairs
