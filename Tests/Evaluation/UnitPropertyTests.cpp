@@ -37,7 +37,7 @@ const std::vector<TCUnit>& allUnits() {
   return units;
 }
 
-/// Up to three units a kind: the first, the middle and the last.
+/// Up to two units a kind: the first, which mostly is not the base, and one from the middle.
 const std::vector<TCUnit>& someUnitsOfEachKind() {
   static const std::vector<TCUnit> units = [] {
     std::vector<TCUnit> some;
@@ -48,8 +48,7 @@ const std::vector<TCUnit>& someUnitsOfEachKind() {
       }
       if (ofKind.empty()) continue;
       some.push_back(ofKind.front());
-      if (ofKind.size() > 2) some.push_back(ofKind[ofKind.size() / 2]);
-      if (ofKind.size() > 1) some.push_back(ofKind.back());
+      if (ofKind.size() > 1) some.push_back(ofKind[ofKind.size() / 2]);
     }
     return some;
   }();
@@ -172,7 +171,7 @@ TEST(UnitProperties, ProductsAndQuotientsHaveTheSizeOfTheirOperands) {
       compare(UnitCalculation::unitsDivision(a, b), sizeOf(a) / sizeOf(b), first.symbol() + " / " + second.symbol());
     }
   }
-  EXPECT_GT(compared, 8000);
+  EXPECT_GT(compared, 4000);
 }
 
 // --- Every combination through the operators ------------------------------------------------------------------------
@@ -237,7 +236,7 @@ TEST(UnitProperties, QuantitiesOfAllKindsHaveAnAnswerOrTheErrorOfTheOperator) {
 std::vector<Token> mixedOperands() {
   const TCUnit worthless = TCUnit::counted({undefined, UnitType::currency, "XXX", {0, 0}, nullptr});
   std::vector<Token> operands;
-  for (const char* text : {"0", "-2.5", "1e100", "1e-100", "9e160"}) {
+  for (const char* text : {"0", "-2.5", "1e-100", "9e160"}) {
     const Decimal value = decimal(text);
     operands.push_back(TokenFactory::numberWith(value));
     operands.push_back(TokenFactory::percentageWith(value));
