@@ -10,6 +10,7 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitRate.h"
 #include "TavrineCore/Parsing/Squad/ConverterTypes.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
@@ -220,21 +221,13 @@ void wrapConverter(const Token& symbol, TokenList& list, const Token* parent, co
 
 // --- "hertz" and its kin outside of converters ----------------------------------------------------------------------
 
-const TCUnit& seconds() {
-  static const TCUnit unit = TCUnit::permanent({.identifier = UnitIdentifier::seconds,
-                                                .unitType = UnitType::duration,
-                                                .symbol = "s",
-                                                .converter = {Decimal(1), Decimal()},
-                                                .unitDescription = nullptr});
-  return unit;
-}
-
 std::optional<Token> convertFrequencyRateTypeNamesOutsideConvertersIntoRates(const Token& typeName,
                                                                              const Token* parent) {
   if (typeName.subType != TokenSubType::frequencyRateTypeName) return std::nullopt;
   if (parent != nullptr && parent->is(TokenType::converter)) return std::nullopt;
   return Token(TokenType::rate, TokenSubType::unitRate, typeName.stringValue, typeName.range, nullptr,
-               std::make_shared<const UnitRateTokenMetadata>(UnitRate{Decimal(1), std::nullopt, seconds()}));
+               std::make_shared<const UnitRateTokenMetadata>(
+                   UnitRate{Decimal(1), std::nullopt, unitOf(UnitIdentifier::seconds)}));
 }
 
 }  // namespace

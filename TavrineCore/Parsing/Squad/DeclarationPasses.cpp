@@ -13,6 +13,7 @@
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Squad/UnitDeclarations.h"
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
@@ -23,6 +24,7 @@ namespace {
 
 using Assignment = VariableDeclarationTokenMetadata::VariableAssignmentOperatorType;
 
+constexpr TokenTypeSet kDeclarations{TokenType::variableDeclaration, TokenType::unitDeclaration};
 constexpr TokenTypeSet kBeforeName{TokenType::label, TokenType::conditionalKeyword};
 
 Assignment assignmentBy(TokenSubType subType) {
@@ -98,6 +100,11 @@ class DeclarationFinder {
     // Names between labels let declarations lie inside of one another: "a: x = a: x = …".
     if (value && depthIn(*value) >= kMaximumNesting) return false;
 
+    if (value && context_.features.additionalOptions.unitDeclarations &&
+        identifyUnitDeclarationIn(list_, *name, *value)) {
+      ++depth_;
+      return true;
+    }
     const std::size_t removed = name->last - name->first;
     std::string variableName = declareName(*name);
     if (!value) return true;
@@ -108,10 +115,7 @@ class DeclarationFinder {
   }
 
  private:
-  struct Run {
-    std::size_t first;
-    std::size_t last;
-  };
+  using Run = TokenRun;
 
   [[nodiscard]] std::optional<Run> withoutWhitespace(std::size_t first, std::size_t past) const {
     while (first < past && list_[first].is(TokenType::whitespace)) ++first;
@@ -132,7 +136,7 @@ class DeclarationFinder {
   /// How many declarations lie inside of one another in the run. Only the one made last can stand in it.
   [[nodiscard]] std::size_t depthIn(Run value) {
     for (std::size_t i = value.first; i <= value.last; ++i) {
-      if (list_[i].is(TokenType::variableDeclaration)) return depth_;
+      if (kDeclarations.contains(list_[i].type)) return depth_;
     }
     depth_ = 0;
     return depth_;

@@ -82,6 +82,29 @@ void expandVariables(TokenList& list, const PassContext& context);
 /// The names come back. Counts on the scratch: what stood where.
 void unexpandVariables(TokenList& list, const PassContext& context);
 
+// UnitPasses.cpp
+/// "km", "nautical mile", "m^2", the marks of feet and inches → `unit`; "m", "oz" and "pounds" by what else the line
+/// measures. Counts on labels having taken their words. Leaves "1st" and, on their own, "in" and "to".
+void identifyUnitsIn(TokenList& list, const PassContext& context);
+
+// UnitExpressionPasses.cpp
+/// "30 km", "$5" → `unitExpression`; "5 ft 3 in" → `compoundUnitExpression`; "5 - 10 km" → `unitRange`; 40° 26' 46" →
+/// `degreesMinutesSeconds`. The "a" of "10 km a day" becomes a stroke, the "in" of "5 ft 3 in" inches. Counts on
+/// numbers having their signs.
+void identifyUnitExpressionsIn(TokenList& list, const PassContext& context);
+
+// RatePasses.cpp
+/// "$20 / hour", "5 apples / day", "5% / year" → `rate`.
+void identifyRatesIn(TokenList& list, const PassContext& context);
+/// The "at" of "5 apples at $3 / apple" becomes a sign for times. Counts on the things being comments by now.
+void identifyImplicitRatesIn(TokenList& list, const PassContext& context);
+/// "at" and "for" beside a rate become operators: "2 hours at 50 km/h" multiplies, "100 km at 50 km/h" divides.
+void identifyPrepositionalOperatorsAroundRatesIn(TokenList& list, const PassContext& context);
+
+// CoordinatePasses.cpp
+/// "45.5°, 120.3°" → `gpsCoordinates`.
+void identifyGPSCoordinatesIn(TokenList& list, const PassContext& context);
+
 // CommentPasses.cpp
 /// "// …" to the end of the line → `slashComment`. Not behind a colon, and not without white space behind the slashes.
 void identifySlashCommentsIn(TokenList& list, const PassContext& context);

@@ -18,6 +18,9 @@ namespace {
 using enum TokenType;
 
 constexpr TokenTypeSet kNothing{};
+/// What a unit can be made of.
+constexpr TokenTypeSet kUnitWords =
+    TokenTypeSet::potentialUnitNamePrefixTypes | TokenTypeSet{unit, customUnit, quotationMark};
 
 bool lineHolds(const PassContext& context, std::string_view text) {
   return context.rawExpression.find(text) != std::string_view::npos;
@@ -54,6 +57,7 @@ bool tagsAreDeclared(const TokenList&, const PassContext& context) { return !con
 bool calendarCalculations(const TokenList&, const PassContext& context) {
   return context.features.calendarCalculations;
 }
+bool units(const TokenList&, const PassContext& context) { return context.features.units; }
 bool cookingSubstances(const TokenList&, const PassContext& context) { return context.features.cookingSubstances; }
 bool bracketsFold(const TokenList&, const PassContext& context) { return context.features.subexpressions; }
 bool gpsAndDms(const TokenList&, const PassContext& context) { return context.features.GPSAndDMS; }
@@ -159,7 +163,7 @@ constexpr auto kStages = std::to_array<Stage>({
      slashCommentsInLine,
      passes::identifySlashCommentsInWords},
     {"G2", "identifyLabelsIn", ParsePhase::groups, {colon}, kNothing, nullptr, passes::identifyLabelsIn},
-    {"G3", "identifyUnitsIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G3", "identifyUnitsIn", ParsePhase::groups, kNothing, kUnitWords, units, passes::identifyUnitsIn},
     {"G4", "identifyLaptimesAndFrametimesIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
     {"G5",
      "identifyTimezonesInAndSpecialDaysIn",
@@ -175,7 +179,13 @@ constexpr auto kStages = std::to_array<Stage>({
      kNothing,
      calendarCalculations,
      nullptr},
-    {"G6", "identifySubstancesIn", ParsePhase::groups, {unidentified}, kNothing, cookingSubstances, nullptr},
+    {"G6",
+     "identifySubstancesIn",
+     ParsePhase::groups,
+     {unidentified},
+     kNothing,
+     cookingSubstances,
+     nullptr},
     {"G7",
      "identifyDecimalPointSpecifiers",
      ParsePhase::groups,
@@ -201,7 +211,13 @@ constexpr auto kStages = std::to_array<Stage>({
      kNothing,
      nullptr,
      passes::transformNumberWordsAndApplyToNumbersWhereRequired},
-    {"G11", "identifyUnitExpressionsIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
+    {"G11",
+     "identifyUnitExpressionsIn",
+     ParsePhase::groups,
+     {unit},
+     kNothing,
+     units,
+     passes::identifyUnitExpressionsIn},
     {"G12", "identifyTimespansIn", ParsePhase::groups, {unitExpression}, kNothing, nullptr, nullptr},
     {"G12", "identifyTimespansIn, compounds", ParsePhase::groups, {compoundUnitExpression}, kNothing, nullptr, nullptr},
     {"G13",
@@ -211,7 +227,7 @@ constexpr auto kStages = std::to_array<Stage>({
      {percentageSymbol, typeName},
      nullptr,
      passes::identifyPercentages},
-    {"G14", "identifyRatesIn", ParsePhase::groups, {operator_}, kNothing, nullptr, nullptr},
+    {"G14", "identifyRatesIn", ParsePhase::groups, {operator_, unit}, kNothing, nullptr, passes::identifyRatesIn},
     {"G15", "identifyDatespans", ParsePhase::groups, {datestamp}, kNothing, nullptr, nullptr},
     {"G16", "sanityCheckDatestampIntervals", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
     {"G17",
@@ -303,10 +319,27 @@ constexpr auto kStages = std::to_array<Stage>({
      {converterSymbol, typeName},
      nullptr,
      passes::identifyConvertersIn},
-    {"G31", "identifyImplicitRatesIn", ParsePhase::groups, kNothing, kNothing, nullptr, nullptr},
-    {"G32", "identifyPrepositionalOperatorsAroundRatesIn", ParsePhase::groups, kNothing, TokenTypeSet::rateExpressable,
-     nullptr, nullptr},
-    {"G33", "identifyGPSCoordinatesIn", ParsePhase::groups, {comma, unitExpression}, kNothing, gpsAndDms, nullptr},
+    {"G31",
+     "identifyImplicitRatesIn",
+     ParsePhase::groups,
+     {prepositionWord, operator_, wordComment},
+     kNothing,
+     nullptr,
+     passes::identifyImplicitRatesIn},
+    {"G32",
+     "identifyPrepositionalOperatorsAroundRatesIn",
+     ParsePhase::groups,
+     {prepositionWord},
+     TokenTypeSet::rateExpressable,
+     nullptr,
+     passes::identifyPrepositionalOperatorsAroundRatesIn},
+    {"G33",
+     "identifyGPSCoordinatesIn",
+     ParsePhase::groups,
+     {comma, unitExpression},
+     kNothing,
+     gpsAndDms,
+     passes::identifyGPSCoordinatesIn},
     {"G34",
      "identifyVariableDeclarations",
      ParsePhase::groups,

@@ -9,6 +9,14 @@ std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& contex
   return context.content.unitList->quickLookup(name);
 }
 
+bool beginsMultiWordUnit(std::string_view word, const PassContext& context) {
+  return context.content.unitList->beginsMultiWordUnit(word);
+}
+
+TCUnit preferredUnitFor(const TCUnit& unit, const PassContext& context) {
+  return context.content.unitList->preferredUnitFor(unit);
+}
+
 bool isCurrencySubstitution(std::string_view symbol, const PassContext& context) {
   return context.content.unitList->isCurrencySubstitution(symbol);
 }

@@ -13,6 +13,12 @@ struct PassContext;
 /// The unit of this name or symbol in the vocabulary of the line; nothing where the vocabulary holds no units.
 std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context);
 
+/// Whether a unit's name of several words may begin with this one.
+bool beginsMultiWordUnit(std::string_view word, const PassContext& context);
+
+/// The unit that goes by the same name in the customization's system: the imperial pint for the pint.
+TCUnit preferredUnitFor(const TCUnit& unit, const PassContext& context);
+
 /// Whether the user has put `symbol` in the place of a currency's own.
 bool isCurrencySubstitution(std::string_view symbol, const PassContext& context);
 
