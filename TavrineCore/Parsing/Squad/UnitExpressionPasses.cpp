@@ -377,12 +377,15 @@ void readArticlesAsStrokes(TokenList& list) {
 }  // namespace
 
 void identifyUnitExpressionsIn(TokenList& list, const PassContext& context) {
-  for (const Shape shape : kShapes) wrapAmounts(list, shape);
-  handleSpecialDanglingCurrencySymbolCases(list);
+  if (list.typePrecheck(TokenType::unit)) {
+    for (const Shape shape : kShapes) wrapAmounts(list, shape);
+    handleSpecialDanglingCurrencySymbolCases(list);
+  }
   const bool holdsLengths = list.unitTypesCache().contains(UnitType::length);
   // Inches are found before amounts are put together, so that they can be part of one.
   handleInAsInchesNotConverter(list);
-  if (holdsLengths || list.unitTypesCache().contains(UnitType::length)) joinMixedNumbersOfInches(list);
+  if (!list.typePrecheck(TokenType::unit)) return;
+  if (list.unitTypesCache().contains(UnitType::length)) joinMixedNumbersOfInches(list);
   compoundSequentialUnitExpressions(list);
   if (context.features.GPSAndDMS) identifyDMS(list);
   identifyUnitRangesIn(list);

@@ -34,6 +34,15 @@ bool isAt(const TokenList& list, std::optional<std::size_t> index, TokenType typ
 
 // --- Words ----------------------------------------------------------------------------------------------------------
 
+void replaceCustomUnits(TokenList& list) {
+  for (std::size_t i = list.count(); i-- > 0;) {
+    const auto* metadata = list[i].is(TokenType::customUnit) ? list[i].metadataAs<CustomUnitTokenMetadata>() : nullptr;
+    if (metadata == nullptr) continue;
+    const CustomUnit& custom = metadata->customUnit;
+    replaceByUnit(list, i, i, custom.unitValueDefinedInTermsOf(unitOf(custom.equivalentUnit)));
+  }
+}
+
 /// "nautical mile", "km/h": the longest name of several tokens that begins here.
 bool wrapMultiWordUnitAt(TokenList& list, std::size_t index, const PassContext& context) {
   if (!beginsMultiWordUnit(list[index].stringValue, context)) return false;
@@ -205,6 +214,7 @@ void joinUnitsAndPowers(TokenList& list, const PassContext& context) {
 }  // namespace
 
 void identifyUnitsIn(TokenList& list, const PassContext& context) {
+  if (context.features.additionalOptions.unitDeclarations) replaceCustomUnits(list);
   wrapWords(list, context);
   identifyQuotationMarksAsInchesIn(list);
   if (!list.allTypesHaveBeenPresentIn(TokenTypeSet::numberAndUnit)) return;
