@@ -1,5 +1,6 @@
 // Numbers and units: "30 km", "$5", "5 ft 3 in", "5 - 10 km", "10 km a day".
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <memory>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "Foundation/Text.h"
+#include "TavrineCore/Customization/Currencies/CurrencyList.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Squad/AngleReading.h"
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
@@ -126,7 +128,7 @@ bool isAmountWithCurrencySign(const Token& token) {
 
 /// "$5 CAD": the name joins the amount and says which dollars.
 bool joinAmountBeside(TokenList& list, std::size_t index) {
-  if (mustBeUppercased(unitIn(list[index])->identifier()) &&
+  if (CurrencyList::currenciesThatMustBeUppercased.contains(unitIn(list[index])->identifier()) &&
       uppercased(list[index].stringValue) != list[index].stringValue) {
     return false;
   }

@@ -50,10 +50,4 @@ inline bool isExpressionWith(const Token& token, UnitIdentifier identifier) {
   return token.is(TokenType::unitExpression) && isUnitWith(token, identifier);
 }
 
-/// Codes that are words of everyday language in lower case: "5 top".
-inline bool mustBeUppercased(UnitIdentifier currency) {
-  return currency == UnitIdentifier::currencyTOP || currency == UnitIdentifier::currencyBOB ||
-         currency == UnitIdentifier::currencyDOT;
-}
-
 }  // namespace tavrine
