@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Foundation/Text.h"
+#include "TavrineCore/Customization/Currencies/CurrencyList.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
@@ -112,16 +113,12 @@ DeidentifierAction actionForUnit(const Item& item) {
 }
 
 /// Codes that are words of everyday language in lower case: "5 top".
-bool mustBeUppercased(UnitIdentifier currency) {
-  return currency == UnitIdentifier::currencyTOP || currency == UnitIdentifier::currencyBOB ||
-         currency == UnitIdentifier::currencyDOT;
-}
-
 DeidentifierAction actionForUnitExpression(const Item& item) {
   if (!item.token().subtokens) return none;
   for (const Token& subtoken : *item.token().subtokens) {
     const auto* unit = subtoken.is(TokenType::unit) ? subtoken.metadataAs<UnitTokenMetadata>() : nullptr;
-    if (unit == nullptr || !mustBeUppercased(unit->underlyingTCUnit.identifier())) continue;
+    if (unit == nullptr) continue;
+    if (!CurrencyList::currenciesThatMustBeUppercased.contains(unit->underlyingTCUnit.identifier())) continue;
     if (uppercased(subtoken.stringValue) != subtoken.stringValue) return deidentify;
   }
   return none;
