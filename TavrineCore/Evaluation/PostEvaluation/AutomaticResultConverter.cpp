@@ -7,10 +7,12 @@
 #include <vector>
 
 #include "Foundation/Locale.h"
+#include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Customization/Engine/EngineContentCache.h"
 #include "TavrineCore/Customization/Units/CommonConversions.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
-#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
+#include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
@@ -70,10 +72,18 @@ std::optional<UnitIdentifier> identifierOf(const Token& token) {
   return unit ? std::optional(unit->identifier()) : std::nullopt;
 }
 
-std::optional<Token> convertedInto(UnitIdentifier identifier, const Token& token, const EngineCustomization&) {
-  const TCUnit unit = TCUnitFor(identifier);
-  if (unit.isNull()) return std::nullopt;
-  const Token converter = TokenFactory::converterToUnitWith(std::make_shared<const UnitTokenMetadata>(unit));
+/// The unit as the customization's vocabulary has it, a currency with its rate; nothing where it is not in there.
+std::optional<TCUnit> unitFor(UnitIdentifier identifier, const EngineCustomization& customization) {
+  const std::shared_ptr<const EngineContent> content = EngineContentCache::engineContentFor(customization);
+  const auto* description = content->unitList->cache().unitDescriptionFor(identifier);
+  return description != nullptr ? content->unitList->preparedUnitFor(*description) : std::nullopt;
+}
+
+std::optional<Token> convertedInto(UnitIdentifier identifier, const Token& token,
+                                   const EngineCustomization& customization) {
+  const std::optional<TCUnit> unit = unitFor(identifier, customization);
+  if (!unit) return std::nullopt;
+  const Token converter = TokenFactory::converterToUnitWith(std::make_shared<const UnitTokenMetadata>(*unit));
   return TokenConverterFactory::converted(token, converter);
 }
 

@@ -99,13 +99,21 @@ std::optional<Token> operatorBetween(const TCUnit& left, const TCUnit& right) {
   return std::nullopt;
 }
 
+/// "3 km and 4 km" are two amounts.
+bool areKeptApart(const EditableTokenList& list, std::size_t left, std::size_t right) {
+  for (std::size_t i = left + 1; i < right; ++i) {
+    if (list.is(i, TokenType::wordComment, TokenSubType::conjunctionWordAnd)) return true;
+  }
+  return false;
+}
+
 std::size_t joinUnitExpressions(EditableTokenList& list, std::size_t index, const Token* parent) {
   if (isIn(parent, TokenType::compoundUnitExpression) || isIn(parent, TokenType::wordFunction) ||
       isIn(parent, TokenType::rate)) {
     return index;
   }
   const auto before = list.previous(index, TokenTypeSet::randomWords);
-  if (!list.is(before, TokenType::unitExpression)) return index;
+  if (!list.is(before, TokenType::unitExpression) || areKeptApart(list, *before, index)) return index;
   const std::optional<TCUnit> left = list[*before].unitValue();
   const std::optional<TCUnit> right = list[index].unitValue();
   std::optional<Token> operation = left && right ? operatorBetween(*left, *right) : std::nullopt;

@@ -230,6 +230,8 @@ DeidentifierAction actionFor(const Item& item, const EngineFeatureFlags& feature
     case TokenType::conditionalKeyword:
       return item.action(deidentify, TokenType::conditionalExpression);
     case TokenType::conjunctionWord:
+      // "3 km and 4 km" are two amounts, "3 km 4 km" is one: the evaluation still has to see the "and".
+      return item.action(deidentifyRetainingSubtype, TokenType::wordFunction);
     case TokenType::numberWord:
     case TokenType::statisticType:
     case TokenType::customType:
