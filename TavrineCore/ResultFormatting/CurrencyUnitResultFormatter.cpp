@@ -12,6 +12,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/ResultFormatting/CurrencySigns.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
+#include "TavrineCore/ResultFormatting/FormattedSymbol.h"
 #include "TavrineCore/ResultFormatting/FormattingPreferences.h"
 #include "TavrineCore/ResultFormatting/ResultFormatter.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
@@ -127,7 +128,7 @@ std::optional<std::string> CurrencyUnitResultFormatter::formatted(const UnitExpr
       return withSign(std::move(number), *sign, context.locale);
     }
   }
-  return number.append(" ").append(code);
+  return number.append(" ").append(pluralForm(code, unitExpression.value));
 }
 
 }  // namespace tavrine

@@ -12,8 +12,8 @@ namespace tavrine {
 
 class TCUnit;
 
-/// The symbol of a unit of time in the form that goes with so many: "day" beside 1, "days" beside 2. What has no forms,
-/// "hr" or "km", comes back as it is. As long-lived as the text that it is given.
+/// The symbol of a unit in the form that goes with so many: "day" beside 1, "days" beside 2. What has no forms, "hr" or
+/// "km", comes back as it is. As long-lived as the text that it is given.
 [[nodiscard]] std::string_view pluralForm(std::string_view symbol, const Decimal& value);
 
 /// What is shown for a unit behind a number. Empty for cycles, which are shown as plain numbers. Units of time and
