@@ -48,7 +48,7 @@ static_assert([] {
 // The ISO calendar only numbers its weeks differently: its words are the Gregorian ones.
 std::string_view icuNameWithWords(Calendar::Identifier calendar) {
   if (calendar == Calendar::Identifier::iso8601) return "gregorian";
-  return kCalendarNames[static_cast<std::size_t>(calendar)].icuName;
+  return unicodeNameOf(calendar);
 }
 
 std::string utf8From(const icu::UnicodeString& text) {
@@ -96,6 +96,10 @@ CalendarSymbols::CalendarSymbols(Calendar::Identifier calendar, const Locale& lo
     am = utf8From(words[0]);
     pm = utf8From(words[1]);
   }
+}
+
+std::string_view unicodeNameOf(Calendar::Identifier calendar) noexcept {
+  return kCalendarNames[static_cast<std::size_t>(calendar)].icuName;
 }
 
 Calendar::Identifier preferredCalendarFor(const Locale& locale) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Foundation/Calendar.h"
@@ -25,6 +26,9 @@ struct CalendarSymbols {
   std::string am;
   std::string pm;
 };
+
+/// The name of the calendar in Unicode's locale data: "islamic-umalqura".
+[[nodiscard]] std::string_view unicodeNameOf(Calendar::Identifier calendar) noexcept;
 
 /// The calendar that is in daily use where the locale is: Buddhist in Thailand, Gregorian nearly everywhere.
 [[nodiscard]] Calendar::Identifier preferredCalendarFor(const Locale& locale);

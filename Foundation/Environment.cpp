@@ -32,10 +32,11 @@ struct DefaultOfThread {
 
 }  // namespace
 
-Environment::Environment(Parts parts) {
+Environment::Environment(Parts parts) : timeZone_(TimeZone::gmt()) {
   if (!parts.clock) parts.clock = std::make_shared<const SystemClock>();
   if (!parts.random) parts.random = systemRandomSource();
   if (parts.timeZoneIdentifier.empty()) parts.timeZoneIdentifier = systemTimeZoneIdentifier();
+  timeZone_ = TimeZone(parts.timeZoneIdentifier);
   parts_ = std::make_shared<const Parts>(std::move(parts));
 }
 

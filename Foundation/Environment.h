@@ -8,6 +8,7 @@
 #include "Foundation/Clock.h"
 #include "Foundation/Locale.h"
 #include "Foundation/RandomSource.h"
+#include "Foundation/TimeZone.h"
 
 namespace tavrine::foundation {
 
@@ -37,6 +38,8 @@ class Environment {
 
   [[nodiscard]] const Clock& clock() const noexcept { return *parts_->clock; }
   [[nodiscard]] const std::string& timeZoneIdentifier() const noexcept { return parts_->timeZoneIdentifier; }
+  /// The zone of that identifier.
+  [[nodiscard]] const TimeZone& timeZone() const noexcept { return timeZone_; }
   [[nodiscard]] const Locale& locale() const noexcept { return parts_->locale; }
   [[nodiscard]] Calendar::Identifier calendarIdentifier() const noexcept { return parts_->calendarIdentifier; }
   [[nodiscard]] RandomSource& random() const noexcept { return *parts_->random; }
@@ -45,10 +48,13 @@ class Environment {
   [[nodiscard]] const Parts& parts() const noexcept { return *parts_; }
 
   /// Whether both are one and the same; equal parts made twice are not.
-  friend bool operator==(const Environment&, const Environment&) noexcept = default;
+  friend bool operator==(const Environment& left, const Environment& right) noexcept {
+    return left.parts_ == right.parts_;
+  }
 
  private:
   std::shared_ptr<const Parts> parts_;
+  TimeZone timeZone_;
 };
 
 /// Puts an environment in force for this thread until the end of the block. Blocks nest; objects are to be destroyed on

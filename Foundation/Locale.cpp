@@ -1,5 +1,6 @@
 #include "Foundation/Locale.h"
 
+#include <unicode/calendar.h>
 #include <unicode/dcfmtsym.h>
 #include <unicode/dtptngen.h>
 #include <unicode/locid.h>
@@ -80,6 +81,7 @@ struct Attributes {
   std::optional<std::string> currencyCode;
   std::optional<std::string> currencySymbol;
   MeasurementSystem measurementSystem = MeasurementSystem::metric;
+  WeekCustoms weekCustoms;
 };
 
 void readCurrency(const char* identifier, Attributes& attributes) {
@@ -105,10 +107,27 @@ MeasurementSystem readMeasurementSystem(const char* identifier) {
   }
 }
 
+WeekCustoms readWeekCustoms(const icu::Locale& locale) {
+  WeekCustoms customs;
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::Calendar> calendar(
+      icu::Calendar::createInstance(icu::TimeZone::getGMT()->clone(), locale, status));
+  if (U_FAILURE(status) || calendar == nullptr) return customs;
+  customs.firstWeekday = static_cast<std::uint8_t>(calendar->getFirstDayOfWeek(status));
+  customs.minimumDaysInFirstWeek = calendar->getMinimalDaysInFirstWeek();
+  customs.weekendDays = 0;
+  for (int weekday = UCAL_SUNDAY; weekday <= UCAL_SATURDAY; ++weekday) {
+    const auto type = calendar->getDayOfWeekType(static_cast<UCalendarDaysOfWeek>(weekday), status);
+    if (type == UCAL_WEEKEND) customs.weekendDays = static_cast<std::uint8_t>(customs.weekendDays | 1u << weekday);
+  }
+  return U_SUCCESS(status) ? customs : WeekCustoms{};
+}
+
 Attributes readAttributes(const std::string& identifier) {
   Attributes attributes;
   readCurrency(identifier.c_str(), attributes);
   attributes.measurementSystem = readMeasurementSystem(identifier.c_str());
+  attributes.weekCustoms = readWeekCustoms(icu::Locale(identifier.c_str()));
   UErrorCode status = U_ZERO_ERROR;
   const icu::DecimalFormatSymbols symbols(icu::Locale(identifier.c_str()), status);
   if (U_SUCCESS(status)) {
@@ -244,6 +263,8 @@ const std::optional<std::string>& Locale::currencyCode() const { return data_->a
 const std::optional<std::string>& Locale::currencySymbol() const { return data_->attributes().currencySymbol; }
 
 MeasurementSystem Locale::measurementSystem() const { return data_->attributes().measurementSystem; }
+
+const WeekCustoms& Locale::weekCustoms() const { return data_->attributes().weekCustoms; }
 
 std::optional<std::string> Locale::dateFormatFromTemplate(std::string_view dateTemplate) const {
   return data_->patterns.patternFor(data_->identifier, dateTemplate);

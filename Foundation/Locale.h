@@ -10,6 +10,18 @@
 
 namespace tavrine::foundation {
 
+/// How a region counts its weeks.
+struct WeekCustoms {
+  /// The weekday that a week begins with, Sunday being 1.
+  std::uint8_t firstWeekday = 1;
+  /// How many days of a year its first week has at least.
+  std::uint8_t minimumDaysInFirstWeek = 1;
+  /// The days without work: bit 1 for Sunday to bit 7 for Saturday.
+  std::uint8_t weekendDays = 1u << 1 | 1u << 7;
+
+  [[nodiscard]] constexpr bool isWeekend(int weekday) const noexcept { return (weekendDays >> weekday & 1) != 0; }
+};
+
 enum class MeasurementSystem : std::uint8_t { metric, us, uk };
 
 /// A language and region with its customs, by an identifier such as "en_US", "zh_Hans_CN", "fr". A value that is cheap
@@ -55,6 +67,8 @@ class Locale {
   /// "€"; absent for a locale without region.
   [[nodiscard]] const std::optional<std::string>& currencySymbol() const;
   [[nodiscard]] MeasurementSystem measurementSystem() const;
+
+  [[nodiscard]] const WeekCustoms& weekCustoms() const;
 
   /// The locale's best date pattern for the fields in `dateTemplate`: "yMMMMd" gives "MMMM d, y" in en_US and
   /// "d MMMM y" in fr_FR. Absent when there is none.

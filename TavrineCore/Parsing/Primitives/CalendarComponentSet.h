@@ -4,11 +4,10 @@
 
 #include "Foundation/Calendar.h"
 #include "TavrineCore/Imports.h"
-#include "TavrineCore/Utility/EnumSet.h"
 
 namespace tavrine {
 
-using CalendarComponentSet = EnumSet<Calendar::Component, 16>;
+using CalendarComponentSet = Calendar::ComponentSet;
 static_assert(static_cast<int>(Calendar::Component::timeZone) == 15);
 
 /// The components that the engine calculates with, from the largest to the smallest.
