@@ -107,7 +107,8 @@ DateComponents Calendar::dateComponents(const ComponentSet& components, Date fro
   const auto yearsApart = [&] {
     return targetFields.extendedYear - days.system().fieldsOf(walker.wall().dayNumber).extendedYear;
   };
-  // Months are counted from the date itself and not from where the years lead: 29 February and 13 months is 29 March.
+  // All is counted from the date itself and not from where the larger components lead: 29 February and 13 months is 29
+  // March, and a time that is skipped on the way there is not put off.
   const Walker start = walker;
   std::int64_t years = 0;
   if (components.contains(Component::year) || components.contains(Component::yearForWeekOfYear)) {
@@ -132,14 +133,13 @@ DateComponents Calendar::dateComponents(const ComponentSet& components, Date fro
     setValueOf(result, component, count);
   }
 
-  const Walker monthsLater = walker;
   std::int64_t daysPassed = 0;
   bool isCounted = false;
   const auto countDays = [&](Component component, std::int64_t length, std::int64_t already) {
     if (!components.contains(component)) return false;
     const std::int64_t apart = targetWall.dayNumber - walker.wall().dayNumber;
     const std::int64_t count = already != 0 ? 0 : advance(walker, target, apart / length, [&](std::int64_t units) {
-      return monthsLater.adding(0, 0, daysPassed + units * length);
+      return start.adding(years, months, daysPassed + units * length);
     });
     daysPassed += count * length;
     setValueOf(result, component, count);

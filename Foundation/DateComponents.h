@@ -12,21 +12,21 @@ namespace tavrine::foundation {
 /// Fields of a date on a calendar, or amounts of them; each may be absent. As dates: months and weekdays count from 1,
 /// Sunday being weekday 1.
 struct DateComponents {
-  std::optional<std::int64_t> era;
-  std::optional<std::int64_t> year;
-  std::optional<std::int64_t> month;
-  std::optional<std::int64_t> day;
-  std::optional<std::int64_t> hour;
-  std::optional<std::int64_t> minute;
-  std::optional<std::int64_t> second;
-  std::optional<std::int64_t> nanosecond;
-  std::optional<std::int64_t> weekday;
+  std::optional<std::int64_t> era = std::nullopt;
+  std::optional<std::int64_t> year = std::nullopt;
+  std::optional<std::int64_t> month = std::nullopt;
+  std::optional<std::int64_t> day = std::nullopt;
+  std::optional<std::int64_t> hour = std::nullopt;
+  std::optional<std::int64_t> minute = std::nullopt;
+  std::optional<std::int64_t> second = std::nullopt;
+  std::optional<std::int64_t> nanosecond = std::nullopt;
+  std::optional<std::int64_t> weekday = std::nullopt;
   /// The how-manieth such weekday of its month: 2 for the second Tuesday.
-  std::optional<std::int64_t> weekdayOrdinal;
-  std::optional<std::int64_t> quarter;
-  std::optional<std::int64_t> weekOfMonth;
-  std::optional<std::int64_t> weekOfYear;
-  std::optional<std::int64_t> yearForWeekOfYear;
+  std::optional<std::int64_t> weekdayOrdinal = std::nullopt;
+  std::optional<std::int64_t> quarter = std::nullopt;
+  std::optional<std::int64_t> weekOfMonth = std::nullopt;
+  std::optional<std::int64_t> weekOfYear = std::nullopt;
+  std::optional<std::int64_t> yearForWeekOfYear = std::nullopt;
 
   friend bool operator==(const DateComponents&, const DateComponents&) noexcept = default;
 };

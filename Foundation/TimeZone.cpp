@@ -100,7 +100,9 @@ std::string fixedIdentifier(std::int64_t seconds) {
 std::optional<ZoneRules> rulesOf(std::string_view identifier) {
   if (const auto offset = fixedOffsetIn(identifier)) return ZoneRules::fixed(*offset, fixedIdentifier(*offset));
   if (auto rules = ZoneRules::fromSystemZoneFile(identifier)) return rules;
-  return ZoneRules::fromIcu(identifier);
+  // ICU knows more names, but takes some for zones that nobody means by them: "BST" for Bangladesh.
+  static const bool hasZoneFiles = ZoneRules::fromSystemZoneFile("Europe/London").has_value();
+  return hasZoneFiles ? std::nullopt : ZoneRules::fromIcu(identifier);
 }
 
 /// The whole second that holds the moment; moments beyond all calendars are held at their ends.

@@ -9,10 +9,12 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <limits>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 namespace tavrine::foundation {
@@ -177,8 +179,10 @@ std::optional<ZoneRules> ZoneRules::fromSystemZoneFile(std::string_view identifi
   constexpr std::array directories = {"/usr/share/zoneinfo/", "/usr/lib/zoneinfo/", "/usr/share/lib/zoneinfo/",
                                       "/etc/zoneinfo/"};
   for (const char* const directory : directories) {
-    std::ifstream file(directory + std::string(identifier), std::ios::binary);
-    if (!file) continue;
+    const std::string path = directory + std::string(identifier);
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(path, error)) continue;
+    std::ifstream file(path, std::ios::binary);
     constexpr std::size_t longestFile = 1 << 20;
     std::string bytes;
     for (std::istreambuf_iterator<char> next(file), end; next != end && bytes.size() < longestFile; ++next) {
@@ -192,9 +196,14 @@ std::optional<ZoneRules> ZoneRules::fromSystemZoneFile(std::string_view identifi
 std::optional<ZoneRules> ZoneRules::fromIcu(std::string_view identifier) {
   const auto id = icu::UnicodeString::fromUTF8(
       icu::StringPiece(identifier.data(), static_cast<std::int32_t>(std::min<std::size_t>(identifier.size(), 64))));
+  UErrorCode status = U_ZERO_ERROR;
+  UBool isListed = false;
+  icu::UnicodeString canonical;
+  icu::TimeZone::getCanonicalID(id, canonical, isListed, status);
+  if (U_FAILURE(status) || !isListed) return std::nullopt;
   const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::createTimeZone(id));
   const auto* const rules = dynamic_cast<const icu::BasicTimeZone*>(zone.get());
-  if (rules == nullptr || *zone == icu::TimeZone::getUnknown()) return std::nullopt;
+  if (rules == nullptr) return std::nullopt;
 
   ZoneRules result;
   const auto add = [&](const icu::TimeZoneRule& rule) {
