@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Makes UnitDescriptions.json and LocalizedUnitShorthands.json from Tools/data.
+"""Makes the vocabulary of units from the raw table in Tools/data:
 
-Usage: generate_units.py [OUTPUT_DIRECTORY]
+  UnitDescriptions.json          symbol and words of every unit
+  LocalizedUnitShorthands.json   words that mean a time where lines are about the future
 
-Without a directory the files of the resource folder are replaced. The symbols come from the unit tables of the
-library, so that what is printed can always be typed.
+The symbols come from the unit tables of the library, so that what is printed can always be typed. With --check nothing
+is written; the exit status tells whether the committed files are what the table gives.
 """
 
 import json
@@ -17,8 +18,29 @@ DATA = ROOT / "Tools" / "data"
 PRIMITIVES = ROOT / "TavrineCore" / "Parsing" / "Primitives"
 RESOURCES = ROOT / "Resources" / "TavrineCore_TavrineCore.resources" / "en.lproj"
 
-# Two units are shown as "g" and two as "MPG". Whoever comes last owns the symbol when it is typed.
+# Units of one symbol: whoever comes last owns it when it is typed. Whom the library knows as the owner by itself
+# ("pt", "gal") may stand anywhere.
 EMITTED_FIRST = ("gravity", "milesPerImperialGallon")
+
+# Flags of the table that leave a word out: "avoid" marks words that mean something else beside a number far more
+# often ("5 are left", "5 lb in kg", "5 us states"), "long" names of more tokens than a name may have. The other flags
+# mark what is kept: no other reading of "5 bars" or "3 points" gives a better answer.
+LEFT_OUT_FLAGS = {"avoid", "long"}
+
+# Against the flags of the table.
+LEFT_OUT = {
+    "gpa",  # a grade point average; "GPa" stays
+    "turns",  # like "turn", a verb: "Ann, 5, turns 6"
+}
+KEPT = {
+    "uS",  # nobody else is written so, since "us" is left out
+}
+
+# A line about the future counts minutes and weeks where others measure metres and watts.
+SHORTHANDS = (
+    ("minutes", ["m"]),
+    ("weeks", ["w"]),
+)
 
 
 def identifiers():
@@ -36,40 +58,66 @@ def symbols():
     return result
 
 
+def is_kept(alias, flags):
+    if alias in LEFT_OUT:
+        return False
+    return alias in KEPT or LEFT_OUT_FLAGS.isdisjoint(flags.split(","))
+
+
 def aliases():
     """Raw name → words, in the order of the table."""
     result = {}
+    owner = {}
     with open(DATA / "units-en-aliases.tsv", encoding="utf-8") as table:
         next(table)
         for line in table:
             identifier, alias, _form, flags, _note = line.rstrip("\n").split("\t")
-            if {"avoid", "long"}.isdisjoint(flags.split(",")):
-                result.setdefault(identifier, []).append(alias)
+            if alias in owner:
+                sys.exit(f"{alias!r} stands for both {owner[alias]} and {identifier}")
+            owner[alias] = identifier
+            words = result.setdefault(identifier, [])
+            if is_kept(alias, flags):
+                words.append(alias)
     return result
 
 
 def descriptions():
     symbol_of = symbols()
     words_of = aliases()
-    order = [*EMITTED_FIRST, *(name for name in identifiers() if name not in EMITTED_FIRST)]
-    result = []
-    for name in order:
-        if name not in words_of:
-            continue
-        words = [word for word in words_of[name] if word != symbol_of[name]]
-        result.append({"symbol": symbol_of[name], "aliases": words, "identifier": name})
-    return result
+    names = [name for name in identifiers() if not name.startswith("currency") and name != "undefined"]
+    if set(names) != set(words_of):
+        sys.exit(f"without words, or without a unit: {sorted(set(names) ^ set(words_of))}")
+    order = [*EMITTED_FIRST, *(name for name in names if name not in EMITTED_FIRST)]
+    return [
+        {
+            "symbol": symbol_of[name],
+            # The symbol among them, where it is the name in full ("coulombs").
+            "aliases": words_of[name],
+            "identifier": name,
+        }
+        for name in order
+    ]
 
 
-def write(directory, name, entries):
-    lines = ",\n".join(json.dumps(entry, ensure_ascii=False) for entry in entries)
-    (directory / name).write_text("[\n" + lines + "\n]\n", encoding="utf-8")
+def shorthands():
+    return [{"aliases": words, "identifier": name} for name, words in SHORTHANDS]
+
+
+def array(entries):
+    """One entry a line, so that a difference can be read."""
+    return "[\n" + ",\n".join(json.dumps(entry, ensure_ascii=False) for entry in entries) + "\n]\n"
 
 
 def main():
-    directory = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else RESOURCES
-    write(directory, "UnitDescriptions.json", descriptions())
-    write(directory, "LocalizedUnitShorthands.json", [])
+    files = {
+        RESOURCES / "UnitDescriptions.json": array(descriptions()),
+        RESOURCES / "LocalizedUnitShorthands.json": array(shorthands()),
+    }
+    if "--check" in sys.argv[1:]:
+        stale = [path.name for path, text in files.items() if path.read_text(encoding="utf-8") != text]
+        sys.exit(f"not as the table has it: {', '.join(stale)}" if stale else 0)
+    for path, text in files.items():
+        path.write_text(text, encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -1,0 +1,69 @@
+#include "TavrineCore/Customization/Units/SubstanceList.h"
+
+#include <array>
+#include <string>
+#include <unordered_map>
+
+#include "Foundation/Decimal.h"
+#include "Foundation/Text.h"
+#include "TavrineCore/Imports.h"
+
+namespace tavrine {
+
+namespace {
+
+struct Row {
+  std::string_view name;
+  std::string_view value;
+};
+
+constexpr auto kSubstances = std::to_array<Row>({
+#define SUBSTANCE(name, value) {name, value},
+#include "TavrineCore/Customization/Units/Substances.def"
+#undef SUBSTANCE
+});
+static_assert(kSubstances.size() == 223);
+
+Substance substanceFrom(const Row& row) {
+  return {.name = std::string(row.name), .value = Decimal::parse(row.value).value_or(Decimal())};
+}
+
+using RowsByName = std::unordered_map<std::string_view, const Row*>;
+using SubstancesByFirstWord = std::unordered_map<std::string_view, std::vector<Substance>>;
+
+const RowsByName& substanceMap() {
+  static const RowsByName all = [] {
+    RowsByName made;
+    made.reserve(kSubstances.size());
+    for (const Row& row : kSubstances) made.emplace(row.name, &row);
+    return made;
+  }();
+  return all;
+}
+
+const SubstancesByFirstWord& multiWordSubstancesByPrefixCache() {
+  static const SubstancesByFirstWord all = [] {
+    SubstancesByFirstWord made;
+    for (const Row& row : kSubstances) {
+      const std::size_t end = row.name.find_first_of(" -");
+      if (end != std::string_view::npos) made[row.name.substr(0, end)].push_back(substanceFrom(row));
+    }
+    return made;
+  }();
+  return all;
+}
+
+}  // namespace
+
+std::optional<Substance> SubstanceList::runQuery(std::string_view fragment) {
+  const auto found = substanceMap().find(lowercased(fragment));
+  return found == substanceMap().end() ? std::nullopt : std::optional(substanceFrom(*found->second));
+}
+
+const std::vector<Substance>* SubstanceList::multiWordSubstancesBeginningWith(std::string_view firstWordOfSubstance) {
+  const SubstancesByFirstWord& all = multiWordSubstancesByPrefixCache();
+  const auto found = all.find(lowercased(firstWordOfSubstance));
+  return found == all.end() ? nullptr : &found->second;
+}
+
+}  // namespace tavrine

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "TavrineCore/Parsing/Primitives/Substance.h"
+
+namespace tavrine {
+
+/// The densities of what is cooked and baked with. Built once, read from any thread.
+class SubstanceList {
+ public:
+  /// The substance of exactly this name, in upper or lower case.
+  [[nodiscard]] static std::optional<Substance> runQuery(std::string_view fragment);
+
+  /// The substances whose names are of several words, divided by spaces or hyphens, the first of which is this one, in
+  /// upper or lower case. Null when there are none.
+  [[nodiscard]] static const std::vector<Substance>* multiWordSubstancesBeginningWith(
+      std::string_view firstWordOfSubstance);
+};
+
+}  // namespace tavrine
