@@ -225,24 +225,37 @@ void handleInAsInchesNotConverter(TokenList& list) {
   }
 }
 
-// --- Feet and inches ------------------------------------------------------------------------------------------------
+// --- Mixed numbers, feet and inches ---------------------------------------------------------------------------------
 
-/// "5 3/4 in" is 5.75 in.
-void joinMixedNumbersOfInches(TokenList& list) {
+/// The whole number in front of the fraction whose denominator the amount at the index has taken: "5 3/4 in". Blanks
+/// around the stroke are no matter for inches; elsewhere they make it a division.
+std::optional<std::size_t> wholeNumberBefore(const TokenList& list, std::size_t amount) {
+  const auto stroke = before(list, amount);
+  if (!isAt(list, stroke, TokenType::operator_, TokenSubType::divisionOperator)) return std::nullopt;
+  const auto numerator = before(list, *stroke);
+  if (!isAt(list, numerator, TokenType::number)) return std::nullopt;
+  const bool isFraction = *stroke + 1 == amount && *numerator + 1 == *stroke && isStroke(list[*stroke]);
+  if (!isFraction && !isExpressionWith(list[amount], UnitIdentifier::inches)) return std::nullopt;
+  const auto whole = before(list, *numerator);
+  return isAt(list, whole, TokenType::number) ? whole : std::nullopt;
+}
+
+/// "5 3/4 in" is 5.75 in, "2 1/2 cups" 2.5 cups.
+void joinMixedNumbers(TokenList& list) {
+  if (!list.typePrecheck(TokenType::operator_)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
-    if (!isExpressionWith(list[i], UnitIdentifier::inches)) continue;
-    const auto stroke = before(list, i);
-    if (!isAt(list, stroke, TokenType::operator_, TokenSubType::divisionOperator)) continue;
-    const auto numerator = before(list, *stroke);
-    if (!isAt(list, numerator, TokenType::number)) continue;
-    const auto whole = before(list, *numerator);
-    if (!isAt(list, whole, TokenType::number)) continue;
-    const Decimal denominator = numberIn(list[i]);
-    if (denominator.isZero()) continue;
-    const Decimal value = numberIn(list[*whole]) + numberIn(list[*numerator]) / denominator;
+    const auto* amount =
+        list[i].is(TokenType::unitExpression) ? list[i].metadataAs<UnitExpressionTokenMetadata>() : nullptr;
+    const auto whole = amount != nullptr ? wholeNumberBefore(list, i) : std::nullopt;
+    if (!whole || numberIn(list[i]).isZero()) continue;
+    const Decimal wholeValue = numberIn(list[*whole]);
+    const Decimal fraction = numberIn(list[*after(list, *whole)]) / numberIn(list[i]);
+    const Decimal value = wholeValue.isSignMinus() ? wholeValue - fraction : wholeValue + fraction;
+    const bool prefersCompound =
+        amount->prefersCompoundFormatting && !isExpressionWith(list[i], UnitIdentifier::inches);
     list.replaceRun(*whole, i,
-                    unitExpressionToken(list.slice(*whole, i), unitOf(UnitIdentifier::inches),
-                                        NumberTokenMetadata(value), /*prefersCompound=*/false));
+                    unitExpressionToken(list.slice(*whole, i), amount->unitMetaData.underlyingTCUnit,
+                                        NumberTokenMetadata(value), prefersCompound));
     i = *whole;
   }
 }
@@ -387,7 +400,7 @@ void identifyUnitExpressionsIn(TokenList& list, const PassContext& context) {
   // Inches are found before amounts are put together, so that they can be part of one.
   handleInAsInchesNotConverter(list);
   if (!list.typePrecheck(TokenType::unit)) return;
-  if (list.unitTypesCache().contains(UnitType::length)) joinMixedNumbersOfInches(list);
+  joinMixedNumbers(list);
   compoundSequentialUnitExpressions(list);
   if (context.features.GPSAndDMS) identifyDMS(list);
   identifyUnitRangesIn(list);

@@ -1,5 +1,6 @@
 // Words that name units: "km", "nautical mile", "m^2", the marks of feet and inches.
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -185,14 +186,27 @@ void resolveAmbiguousUnits(TokenList& list, const PassContext& context) {
 
 // --- Units with exponents -------------------------------------------------------------------------------------------
 
+/// Where the name that ends with the exponent at the index may begin, from the left: "m/s2", "m2".
+std::array<std::optional<std::size_t>, 2> startsOfNameWithExponent(const TokenList& list, std::size_t exponent) {
+  const bool isQuotient =
+      exponent >= 3 && list[exponent - 2].stringValue == Parser::slash && list[exponent - 3].is(TokenType::unit);
+  return {isQuotient ? std::optional(exponent - 3) : std::nullopt, exponent - 1};
+}
+
 /// "m2". The 3 of "5ft3in" belongs to the inches.
 void joinUnitsAndNumbers(TokenList& list, const PassContext& context) {
   for (std::size_t i = list.count(); i-- > 1;) {
     if (!list[i - 1].is(TokenType::unit) || !list[i].is(TokenType::number)) continue;
     if (i + 1 < list.count() && list[i + 1].is(TokenType::unit)) continue;
-    if (std::optional<TCUnit> unit = unitNamed(list[i - 1].stringValue + list[i].stringValue, context)) {
-      replaceByUnit(list, i - 1, i, *std::move(unit));
+    for (const auto first : startsOfNameWithExponent(list, i)) {
+      if (!first) continue;
+      std::optional<TCUnit> unit = unitNamed(list.slice(*first, i).stringValue(), context);
+      if (!unit) continue;
+      replaceByUnit(list, *first, i, *std::move(unit));
+      i = *first;
+      break;
     }
+    if (i == 0) return;
   }
 }
 
