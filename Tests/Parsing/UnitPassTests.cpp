@@ -215,6 +215,18 @@ TEST(UnitPasses, AnglesAndPlaces) {
   EXPECT_EQ(reader.shapeAfter("G33", "91°, 120°"), "unitExpression[number unit] comma.unitExpression[number unit]");
 }
 
+TEST(SubstancePasses, FindWordsOfTheKitchen) {
+  const LineReader reader([](EngineFeatureFlags& flags) { flags.cookingSubstances = true; });
+  const ShapeCase cases[] = {
+      {"2 cups flour", "number.unit.substance"},
+      {"2 cups Baking Powder", "number.unit.substance"},
+      {"2 cups olive branches", "number.unit.unidentified.unidentified"},
+      // A unit stays a unit.
+      {"2 cups", "number.unit"},
+  };
+  for (const auto& [line, shape] : cases) EXPECT_EQ(reader.shapeAfter("G6", line), shape) << line;
+}
+
 TEST(UnitPasses, DeclareUnitsWhereAllowed) {
   const LineReader reader([](EngineFeatureFlags& flags) {
     flags.variableDeclarations = true;

@@ -87,6 +87,10 @@ void unexpandVariables(TokenList& list, const PassContext& context);
 /// measures. Counts on labels having taken their words. Leaves "1st" and, on their own, "in" and "to".
 void identifyUnitsIn(TokenList& list, const PassContext& context);
 
+// SubstancePasses.cpp
+/// "flour", "olive oil" → `substance`.
+void identifySubstancesIn(TokenList& list, const PassContext& context);
+
 // UnitExpressionPasses.cpp
 /// "30 km", "$5" → `unitExpression`; "5 ft 3 in" → `compoundUnitExpression`; "5 - 10 km" → `unitRange`; 40° 26' 46" →
 /// `degreesMinutesSeconds`. The "a" of "10 km a day" becomes a stroke, the "in" of "5 ft 3 in" inches. Counts on
