@@ -6,6 +6,7 @@
 #include "TavrineCore/Evaluation/Processors/GeneralPostProcessor.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
@@ -99,8 +100,14 @@ std::optional<Token> operatorBetween(const TCUnit& left, const TCUnit& right) {
   return std::nullopt;
 }
 
-/// "3 km and 4 km" are two amounts.
-bool areKeptApart(const EditableTokenList& list, std::size_t left, std::size_t right) {
+/// "5 ft and 3 in" is one length, the second part being what is left of a foot. "3 km and 4 km" are two.
+bool isRestOf(const UnitExpression& whole, const UnitExpression& rest) {
+  if (whole.unit.unitType() == UnitType::currency || !haveEqualBaseUnits(whole.unit, rest.unit)) return false;
+  return rest.unit.coefficient() < whole.unit.coefficient() &&
+         rest.value.magnitude() * rest.unit.coefficient() < whole.unit.coefficient();
+}
+
+bool isAndBetween(const EditableTokenList& list, std::size_t left, std::size_t right) {
   for (std::size_t i = left + 1; i < right; ++i) {
     if (list.is(i, TokenType::wordComment, TokenSubType::conjunctionWordAnd)) return true;
   }
@@ -113,10 +120,11 @@ std::size_t joinUnitExpressions(EditableTokenList& list, std::size_t index, cons
     return index;
   }
   const auto before = list.previous(index, TokenTypeSet::randomWords);
-  if (!list.is(before, TokenType::unitExpression) || areKeptApart(list, *before, index)) return index;
-  const std::optional<TCUnit> left = list[*before].unitValue();
-  const std::optional<TCUnit> right = list[index].unitValue();
-  std::optional<Token> operation = left && right ? operatorBetween(*left, *right) : std::nullopt;
+  if (!list.is(before, TokenType::unitExpression)) return index;
+  const std::optional<UnitExpression> left = list[*before].unitExpressionValue();
+  const std::optional<UnitExpression> right = list[index].unitExpressionValue();
+  if (!left || !right || (isAndBetween(list, *before, index) && !isRestOf(*left, *right))) return index;
+  std::optional<Token> operation = operatorBetween(left->unit, right->unit);
   if (!operation) return index;
   return list.insertAfter(*before, *std::move(operation)) + 1;
 }
