@@ -13,6 +13,10 @@
 
 namespace tavrine {
 
+Lazy<PlaceList> placeListWith(const std::vector<Place>& customPlaces) {
+  return Lazy<PlaceList>([customPlaces] { return PlaceList(PlaceList::standard(), customPlaces); });
+}
+
 namespace {
 
 StringMap<Fixture> additionalFixtures() {
@@ -43,6 +47,7 @@ EngineContent::EngineContent(const EngineCustomization& customization)
         return FixturesList(fixtures, dateWords, numberWords);
       }),
       unitList([customization] { return UnitList(customization); }),
+      placeList(placeListWith(customization.customPlaces())),
       localeMetadata([locale = customization.locale()] { return LocaleMetadata(locale); }) {}
 
 std::shared_ptr<const EngineContent> EngineContent::basic() {

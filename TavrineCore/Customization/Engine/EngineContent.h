@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "Foundation/Locale.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
@@ -9,6 +10,7 @@
 #include "TavrineCore/Customization/Fixtures/FixturesList.h"
 #include "TavrineCore/Customization/Functions/TraditionalFunctionList.h"
 #include "TavrineCore/Customization/Units/UnitList.h"
+#include "TavrineCore/Customization/Places/PlaceList.h"
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Helpers/NumberWordsList.h"
 #include "TavrineCore/Utility/Lazy.h"
@@ -29,8 +31,12 @@ struct EngineContent {
   Lazy<NumberWordsList> numberWordsList;
   Lazy<FixturesList> fixturesList;
   Lazy<UnitList> unitList;
+  Lazy<PlaceList> placeList;
   Lazy<LocaleMetadata> localeMetadata;
 };
+
+/// The standard places of the current locale, which all contents share, with the custom ones on top.
+Lazy<PlaceList> placeListWith(const std::vector<Place>& customPlaces);
 
 /// What becomes of a list when a customization changes.
 enum class ListReuse : std::uint8_t {

@@ -5,6 +5,7 @@
 #include "Foundation/Hashing.h"
 #include "Foundation/Locale.h"
 #include "TavrineCore/Customization/Functions/CustomFunction.h"
+#include "TavrineCore/Customization/Places/Place.h"
 
 namespace tavrine {
 
@@ -27,6 +28,7 @@ std::shared_ptr<const EngineContent> newContentFor(const EngineCustomization& ne
       content->unitList = Lazy<UnitList>([newCustomization] { return UnitList(newCustomization); });
       break;
   }
+  if (reuse.placeList != ListReuse::keep) content->placeList = placeListWith(newCustomization.customPlaces());
   return content;
 }
 

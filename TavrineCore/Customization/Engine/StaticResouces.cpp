@@ -8,6 +8,9 @@
 #include "Foundation/Bundle.h"
 #include "Foundation/Json.h"
 #include "Foundation/SerialQueue.h"
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Places/PlaceRows.h"
+#include "TavrineCore/Customization/Places/PlaceWords.h"
 
 namespace tavrine {
 
@@ -19,6 +22,7 @@ void append(std::vector<Element>& english, const std::vector<Element>& localized
 }
 
 constexpr std::string_view kUnitDescriptionsFailure = "Failed to decode unit descriptions JSON: ";
+void appendRows(PlaceRows& english, const PlaceRows& localized) { english.append(localized); }
 
 struct Readers {
   SerialQueue accessQueue{"Static Resources Access Queue"};
@@ -37,6 +41,21 @@ struct Readers {
       kUnitDescriptionsFailure, &StaticResouces::unitDescriptionsFrom, &append<UnitDescription>};
   ResourceReader<std::vector<UnitShorthand>> unitShorthands{
       kUnitDescriptionsFailure, &StaticResouces::unitShorthandsFrom, &append<UnitShorthand>};
+  ResourceReader<PlaceRows> countries{"Failed to decode countries: ", &PlaceRows::from, appendRows};
+  ResourceReader<PlaceRows> cities{"Failed to decode cities: ", &PlaceRows::from, appendRows};
+  ResourceReader<PlaceRows> airports{"Failed to decode airports: ", &PlaceRows::from, appendRows};
+  ResourceReader<PlaceWords> placeWords{"Failed to decode place words: ", &PlaceWords::from,
+                                        [](PlaceWords& english, const PlaceWords& localized) { english = localized; }};
+  ResourceReader<std::vector<SpecialDay>> specialDays{
+      "Failed to decode special days: ", &StaticResouces::specialDaysFrom,
+      [](std::vector<SpecialDay>& english, const std::vector<SpecialDay>& localized) {
+        english.insert(english.end(), localized.begin(), localized.end());
+      }};
+  ResourceReader<StringMap<std::string>> timeZoneAbbreviations{
+      "Could not load timezones from the file: ", &StaticResouces::timeZoneAbbreviationsFrom,
+      [](StringMap<std::string>& english, const StringMap<std::string>& localized) {
+        for (const auto& [abbreviation, hours] : localized) english[abbreviation] = hours;
+      }};
 };
 
 Readers& readers() {
@@ -163,6 +182,65 @@ DecodedResource<std::vector<UnitDescription>> StaticResouces::unitDescriptionsFr
 
 DecodedResource<std::vector<UnitShorthand>> StaticResouces::unitShorthandsFrom(std::string_view bytes) {
   return elementsFrom<UnitShorthand>(bytes, &unitShorthandFrom);
+}
+
+std::shared_ptr<const PlaceRows> StaticResouces::localizedCities() { return contentNamed("Cities", &Readers::cities); }
+
+std::shared_ptr<const PlaceRows> StaticResouces::localizedCountries() {
+  return contentNamed("Countries", &Readers::countries);
+}
+
+std::shared_ptr<const PlaceRows> StaticResouces::localizedStates() {
+  return contentNamed("States", &Readers::countries);
+}
+
+std::shared_ptr<const PlaceRows> StaticResouces::airports() { return contentNamed("Airports", &Readers::airports); }
+
+PlaceWords StaticResouces::localizedPlaceWords() { return *contentNamed("PlaceWords", &Readers::placeWords); }
+
+std::vector<SpecialDay> StaticResouces::localizedSpecialDays() {
+  return *contentNamed("SpecialDays", &Readers::specialDays);
+}
+
+StringMap<std::string> StaticResouces::timeZoneAbbreviations() {
+  return *contentNamed("TimeZoneAbbrieviations", &Readers::timeZoneAbbreviations);
+}
+
+DecodedResource<std::vector<SpecialDay>> StaticResouces::specialDaysFrom(std::string_view bytes) {
+  const JsonParseResult parsed = Json::parse(bytes);
+  if (!parsed) return {std::nullopt, parsed.error + " at byte " + std::to_string(parsed.errorOffset)};
+  const Json::Array* const rows = parsed.value->asArray();
+  if (rows == nullptr) return {std::nullopt, "no array"};
+
+  std::vector<SpecialDay> result;
+  for (const Json& row : *rows) {
+    const Json* const type = row.find("type");
+    const Json* const aliases = row.find("aliases");
+    const std::string* const typeName = type == nullptr ? nullptr : type->asString();
+    const Json::Array* const words = aliases == nullptr ? nullptr : aliases->asArray();
+    if (typeName == nullptr || words == nullptr) return {std::nullopt, "a day without \"type\" or \"aliases\""};
+    const auto known = specialDayTypeNamed(*typeName);
+    if (!known) continue;
+    SpecialDay day{*known, {}};
+    for (const Json& word : *words) {
+      if (const std::string* const text = word.asString()) day.aliases.push_back(*text);
+    }
+    result.push_back(std::move(day));
+  }
+  return {std::move(result), {}};
+}
+
+DecodedResource<StringMap<std::string>> StaticResouces::timeZoneAbbreviationsFrom(std::string_view bytes) {
+  const JsonParseResult parsed = Json::parse(bytes);
+  const Json::Object* const members = parsed ? parsed.value->asObject() : nullptr;
+  if (members == nullptr) return {std::nullopt, "invalid format"};
+  StringMap<std::string> result;
+  for (const Json::Member& member : *members) {
+    const std::string* const hours = member.value.asString();
+    if (hours == nullptr) return {std::nullopt, "invalid format"};
+    result[lowercased(member.key)] = *hours;
+  }
+  return {std::move(result), {}};
 }
 
 DecodedResource<LocalizableFixtureSet> StaticResouces::localizedFixtureSetFrom(std::string_view bytes) {

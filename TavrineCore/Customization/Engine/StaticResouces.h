@@ -4,12 +4,17 @@
 #include <string_view>
 #include <vector>
 
+#include "Foundation/StringMap.h"
 #include "TavrineCore/Customization/Currencies/CurrencyDescription.h"
 #include "TavrineCore/Customization/Engine/ResourceReader.h"
 #include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
 #include "TavrineCore/Customization/Units/UnitDescription.h"
+#include "TavrineCore/Parsing/Primitives/SpecialDay.h"
 
 namespace tavrine {
+
+class PlaceRows;
+class PlaceWords;
 
 /// The data files of the resource bundle, decoded. Each file is read once; a file that is missing or no good is told on
 /// the diagnostic output and leaves the engine with fewer words. All calls are serialised, on any thread; the bundle is
@@ -29,6 +34,24 @@ class StaticResouces {
   /// "LocalizedUnitShorthands": more words for some of them. Never null.
   static std::shared_ptr<const std::vector<UnitShorthand>> localizedUnitShorthands();
 
+  /// "Cities", "Countries", "States": places as they stand in the files. Never null.
+  static std::shared_ptr<const PlaceRows> localizedCities();
+  static std::shared_ptr<const PlaceRows> localizedCountries();
+  static std::shared_ptr<const PlaceRows> localizedStates();
+  /// "Airports", which are the same in every language. Never null.
+  static std::shared_ptr<const PlaceRows> airports();
+  /// "PlaceWords": which words may name a place of those files.
+  static PlaceWords localizedPlaceWords();
+
+  /// "SpecialDays": the days that have names, and these.
+  static std::vector<SpecialDay> localizedSpecialDays();
+  /// "TimeZoneAbbrieviations": hours ahead of GMT, as text, by lower-case abbreviation.
+  static StringMap<std::string> timeZoneAbbreviations();
+
+  /// The decoder of [{"type", "aliases"}]. Types that nobody knows are passed over.
+  static DecodedResource<std::vector<SpecialDay>> specialDaysFrom(std::string_view bytes);
+  /// The decoder of {abbreviation: hours}.
+  static DecodedResource<StringMap<std::string>> timeZoneAbbreviationsFrom(std::string_view bytes);
   /// The decoder of both files of fixtures: {"fixtures": {key: [words]}}. Keys that nobody knows are passed over.
   static DecodedResource<LocalizableFixtureSet> localizedFixtureSetFrom(std::string_view bytes);
   /// An array of {"symbol", "aliases", "identifier", "equivalence"?}. One entry that is no good spoils the file.

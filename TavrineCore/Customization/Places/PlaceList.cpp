@@ -1,0 +1,150 @@
+#include "TavrineCore/Customization/Places/PlaceList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Engine/PerCurrentLocale.h"
+#include "TavrineCore/Customization/Engine/StaticResouces.h"
+#include "TavrineCore/Customization/Places/NameLexemes.h"
+#include "TavrineCore/Customization/Places/PlaceIndex.h"
+#include "TavrineCore/Customization/Places/PlaceRows.h"
+
+namespace tavrine {
+
+PlaceList::PlaceList(Lazy<PlaceWords> words, Lazy<PlaceIndex> index)
+    : words_(std::move(words)), index_(std::move(index)) {}
+
+PlaceList::PlaceList(std::shared_ptr<const PlaceRows> cities, std::shared_ptr<const PlaceRows> countries,
+                     std::shared_ptr<const PlaceRows> states, PlaceWords words)
+    : PlaceList(Lazy<PlaceWords>(std::make_shared<const PlaceWords>(std::move(words))),
+                Lazy<PlaceIndex>(
+                    std::make_shared<const PlaceIndex>(std::move(cities), std::move(countries), std::move(states)))) {}
+
+PlaceList::PlaceList(const std::vector<Place>& places) {
+  for (const Place& place : places) cache(place);
+}
+
+PlaceList::PlaceList(const PlaceList& base, const std::vector<Place>& additionalPlaces) : PlaceList(base) {
+  for (const Place& place : additionalPlaces) cache(place);
+}
+
+PlaceList PlaceList::standard() {
+  static PerCurrentLocale<PlaceList> lists;
+  return lists.get([](const Locale&) {
+    return PlaceList(Lazy<PlaceWords>([] { return StaticResouces::localizedPlaceWords(); }), Lazy<PlaceIndex>([] {
+                       return PlaceIndex(StaticResouces::localizedCities(), StaticResouces::localizedCountries(),
+                                         StaticResouces::localizedStates());
+                     }));
+  });
+}
+
+void PlaceList::cache(const Place& place) {
+  const auto shared = std::make_shared<const Place>(place);
+  std::vector<std::string> phrases;
+  addedPlaces_[lowercased(place.name)] = shared;
+  for (const std::string& alias : place.aliases.value_or(std::vector<std::string>{})) {
+    addedPlaces_[lowercased(alias)] = shared;
+    if (containsLowercaseLetter(alias) && leadingLexemesOf(alias).areSeveral()) phrases.push_back(alias);
+  }
+  if (phrases.empty() && leadingLexemesOf(place.name).areSeveral()) phrases.push_back(place.name);
+  for (std::string& phrase : phrases) {
+    const std::string firstWord = lowercased(leadingLexemesOf(phrase).first);
+    std::vector<AddedPhrase>& known = addedPhrases_[firstWord];
+    std::erase_if(known, [&phrase](const AddedPhrase& old) { return equalsIgnoringCase(old.text, phrase); });
+    known.push_back({std::move(phrase), shared});
+  }
+}
+
+std::optional<Place> PlaceList::placeFor(std::string_view fragment) const {
+  if (!isLowercased(fragment)) return placeFor(lowercased(fragment));
+  if (!addedPlaces_.empty()) {
+    if (const auto found = addedPlaces_.find(fragment); found != addedPlaces_.end()) return *found->second;
+  }
+  if (!index_) return std::nullopt;
+  const NameLexemes lexemes = leadingLexemesOf(fragment);
+  const bool mayBeKnown = lexemes.areSeveral() ? (*words_)->mayBeginPlace(lexemes.first, lexemes.second)
+                                               : (*words_)->mayNamePlace(fragment);
+  return mayBeKnown ? (*index_)->placeNamed(fragment) : std::nullopt;
+}
+
+std::optional<std::vector<Place>> PlaceList::multiWordPlacesBeginningWith(std::string_view firstWordOfPlace) const {
+  const std::string word = lowercased(firstWordOfPlace);
+  std::vector<Place> result;
+  if (index_) result = (*index_)->placesBeginningWith(word);
+  if (const auto found = addedPhrases_.find(word); found != addedPhrases_.end()) {
+    for (const AddedPhrase& phrase : found->second) {
+      if (std::find(result.begin(), result.end(), *phrase.place) == result.end()) result.push_back(*phrase.place);
+    }
+  }
+  if (result.empty()) return std::nullopt;
+  return result;
+}
+
+std::optional<Place> PlaceList::placeOfPhrase(std::string_view firstLexeme, std::string_view secondLexeme,
+                                              ExtentOf extentOf) const {
+  if (!isLowercased(firstLexeme) || !isLowercased(secondLexeme)) {
+    return placeOfPhrase(lowercased(firstLexeme), lowercased(secondLexeme), extentOf);
+  }
+  std::size_t longest = 0;
+  const Place* added = nullptr;
+  if (!addedPhrases_.empty()) {
+    if (const auto found = addedPhrases_.find(firstLexeme); found != addedPhrases_.end()) {
+      for (const AddedPhrase& phrase : found->second) {
+        const std::size_t extent = extentOf(phrase.text);
+        if (extent <= longest) continue;
+        longest = extent;
+        added = phrase.place.get();
+      }
+    }
+  }
+  if (index_ && (*words_)->mayBeginPlace(firstLexeme, secondLexeme)) {
+    std::optional<PlaceIndex::Match> match = (*index_)->longestPhrase(firstLexeme, secondLexeme, extentOf);
+    if (match && match->extent > longest) return std::move(match->place);
+  }
+  return added == nullptr ? std::nullopt : std::optional(*added);
+}
+
+bool PlaceList::isOrdinaryWord(std::string_view lowercasedName) const {
+  // Whoever adds a place means its name.
+  if (addedPlaces_.contains(lowercasedName)) return false;
+  return words_ && (*words_)->isOrdinary(lowercasedName);
+}
+
+bool PlaceList::isBuilt() const { return index_ && index_->isBuilt(); }
+
+namespace {
+
+/// The airports and the cities that give them their zones.
+struct AirportMap {
+  std::shared_ptr<const PlaceRows> airports = StaticResouces::airports();
+  std::shared_ptr<const PlaceRows> cities = StaticResouces::localizedCities();
+
+  std::optional<Place> airportNamed(std::string_view code) const {
+    if (airports == nullptr || cities == nullptr) return std::nullopt;
+    const std::optional<std::size_t> row = airports->rowWithKey(code);
+    std::optional<Airport> airport = row ? airports->airport(*row) : std::nullopt;
+    if (!airport) return std::nullopt;
+    const std::optional<std::size_t> cityRow = cities->rowWithKey(airport->cityIdentifier);
+    const std::optional<City> city = cityRow ? cities->city(*cityRow) : std::nullopt;
+    const std::optional<Place> place = city ? placeOf(*city) : std::nullopt;
+    if (!place) return std::nullopt;
+    airport->associatedCityName = city->name;
+    airport->associatedCountryName = city->country;
+    return Place{.name = airport->name, .aliases = {}, .timeZone = place->timeZone, .type = *std::move(airport)};
+  }
+};
+
+}  // namespace
+
+std::optional<Place> AirportsList::runQuery(std::string_view fragment) {
+  // The set of codes answers for most words, so that the airports are read only for one of them.
+  static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
+  static const Lazy<AirportMap> map([] { return AirportMap{}; });
+  std::string code = lowercased(fragment);
+  if (!words->isAirportCode(code)) return std::nullopt;
+  for (char& c : code) c = static_cast<char>(c - 'a' + 'A');
+  return map->airportNamed(code);
+}
+
+}  // namespace tavrine

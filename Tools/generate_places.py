@@ -1,0 +1,146 @@
+#!/usr/bin/env python3
+"""Makes the resources of places: Cities, Countries, States, Airports, and PlaceWords, which tells from a word or two
+whether a place may be meant at all, so that the tables themselves are read only when one is.
+
+generate_places.py [--check]
+"""
+
+import base64
+import re
+
+from resources import deliver, members, one_a_line, rows
+
+# Bits and probes of the filter: with some 14,000 keys one word in a thousand passes without being a key.
+FILTER_BITS = 1 << 18
+FILTER_PROBES = 6
+
+# Codes and short names of more than one meaning, beside those that the tables mark: they are places when they are
+# written in capitals.
+ORDINARY_ALIASES = {"us", "la", "ca", "il", "dc", "va", "ga", "fl", "kl", "sf", "bc", "id", "md", "nd", "sd", "nc",
+                    "sc", "ri", "vt", "wi", "wv", "wy", "ny", "nj", "nh", "nv", "az", "ak", "ky", "tn", "tx", "qc",
+                    "car", "cali", "lao", "czech", "aussie", "hull", "saudi", "emirates", "congo"}
+
+# A word as the lexer cuts it: letters, with single apostrophes and points between letters; digits; any other sign.
+LEXEME = re.compile(r"[^\W\d_]+(?:['’.][^\W\d_]+)*|\d+|[^\s]")
+
+
+def lexemes(name):
+    return LEXEME.findall(name.lower())
+
+
+def longest_first(names):
+    """In the order of words, so that a name that begins another one comes behind it."""
+    return sorted(names, key=lambda name: -len(lexemes(name)))
+
+
+def city(row):
+    result = {"identifier": row["identifier"], "name": row["name"]}
+    if row["country"]:
+        result["country"] = row["country"]
+    aliases = members(row["aliases"])
+    if aliases:
+        result["aliases"] = longest_first(aliases)
+    result["elevation"] = int(row["elevation"])
+    result["population"] = row["population"]
+    result["longitude"] = row["longitude"]
+    result["latitude"] = row["latitude"]
+    result["timezone_id"] = row["timezone"]
+    return result
+
+
+def region(row, zone_column):
+    result = {"name": row["name"]}
+    aliases = members(row["aliases"])
+    if aliases:
+        result["aliases"] = longest_first(aliases)
+    result["capital"] = row["capital"]
+    result["capitalCityTimezoneID"] = row[zone_column]
+    return result
+
+
+def is_kept(row):
+    """A small airport gives way to the word or the unit that its code spells; a large one is known by its code."""
+    return row["size"] == "large" or not row["ambiguous"]
+
+
+def airport(row):
+    result = {"name": row["name"], "iata_code": row["iata"]}
+    if row["elevation"]:
+        result["elevation"] = float(row["elevation"])
+    result["coordinates"] = f"{row['latitude']}, {row['longitude']}"
+    result["cityIdentifier"] = row["city_identifier"]
+    return result
+
+
+def fnv1a(text):
+    """64 bits."""
+    value = 0xCBF29CE484222325
+    for byte in text.encode("utf-8"):
+        value = ((value ^ byte) * 0x100000001B3) & 0xFFFFFFFFFFFFFFFF
+    return value
+
+
+def filter_key(name):
+    """A name of one lexeme, or the first two of a longer one."""
+    return " ".join(lexemes(name)[:2])
+
+
+def bloom_filter(keys):
+    bits = bytearray(FILTER_BITS // 8)
+    for key in keys:
+        value = fnv1a(key)
+        step = (value >> 32) | 1
+        for probe in range(FILTER_PROBES):
+            bit = (value + probe * step) % FILTER_BITS
+            bits[bit // 8] |= 1 << bit % 8
+    return base64.b64encode(bits).decode("ascii")
+
+
+def code_set(codes):
+    """One bit a code of three letters, in the order of the alphabet."""
+    bits = bytearray((26 ** 3 + 7) // 8)
+    for code in codes:
+        index = 0
+        for letter in code:
+            index = index * 26 + ord(letter) - ord("A")
+        bits[index // 8] |= 1 << index % 8
+    return base64.b64encode(bits).decode("ascii")
+
+
+def ordinary_words(cities, countries, states, airports):
+    result = {name for name in ORDINARY_ALIASES}
+    result.update(row["name"].lower() for row in cities if "word" in row["ambiguous"])
+    for row in countries:
+        result.update(lowered for lowered in map(str.lower, members(row["ambiguous"])) if len(lexemes(lowered)) == 1)
+    result.update(row["iata"].lower() for row in airports if row["ambiguous"])
+    result.update(row["abbreviation"] for row in rows("timezone-abbreviations.tsv") if row["ambiguous"])
+    return sorted(result)
+
+
+def main():
+    cities = rows("cities.tsv")
+    countries = rows("countries.tsv")
+    states = rows("states.tsv")
+    airports = [row for row in rows("airports.tsv") if is_kept(row)]
+
+    keys = set()
+    for row in cities + countries + states:
+        keys.update(filter_key(name) for name in [row["name"]] + members(row["aliases"]))
+    words = {
+        "filterBits": FILTER_BITS,
+        "filterProbes": FILTER_PROBES,
+        "places": bloom_filter(sorted(keys)),
+        "airports": code_set(row["iata"] for row in airports),
+        "ordinary": ordinary_words(cities, countries, states, airports),
+    }
+    deliver({
+        "Cities": one_a_line([city(row) for row in cities]),
+        "Countries": one_a_line([region(row, "capital_timezone") for row in countries]),
+        "States": one_a_line([region(row, "timezone") for row in states]),
+        "Airports": one_a_line([airport(row) for row in airports]),
+        "PlaceWords": one_a_line(words),
+    })
+
+
+if __name__ == "__main__":
+    main()
