@@ -15,10 +15,16 @@ FILTER_BITS = 1 << 18
 FILTER_PROBES = 6
 
 # Codes and short names of more than one meaning, beside those that the tables mark: they are places when they are
-# written in capitals.
+# written in capitals, or behind "in", "at" or "to" in a line about times.
 ORDINARY_ALIASES = {"us", "la", "ca", "il", "dc", "va", "ga", "fl", "kl", "sf", "bc", "id", "md", "nd", "sd", "nc",
-                    "sc", "ri", "vt", "wi", "wv", "wy", "ny", "nj", "nh", "nv", "az", "ak", "ky", "tn", "tx", "qc",
-                    "car", "cali", "lao", "czech", "aussie", "hull", "saudi", "emirates", "congo"}
+                    "sc", "ri", "vt", "wi", "wv", "wy", "ny", "nj", "nh", "nv", "az", "ak", "ky", "tn", "tx", "qc", "hk",
+                    "cali", "lao", "czech", "aussie", "hull", "saudi", "emirates", "congo", "rubi", "agri", "pila"}
+
+# Marked as words, but in lines with sums, dates and times they are cities in any case.
+CITIES_IN_ANY_CASE = {"anchorage", "angers", "bologna", "buffalo", "erode", "phoenix", "pueblo", "wellington"}
+
+# Aliases that would take a common word from every line.
+DROPPED_ALIASES = {"CAR"}
 
 # A word as the lexer cuts it: letters, with single apostrophes and points between letters; digits; any other sign.
 LEXEME = re.compile(r"[^\W\d_]+(?:['’.][^\W\d_]+)*|\d+|[^\s]")
@@ -33,11 +39,15 @@ def longest_first(names):
     return sorted(names, key=lambda name: -len(lexemes(name)))
 
 
+def aliases_of(row):
+    return [alias for alias in members(row["aliases"]) if alias not in DROPPED_ALIASES]
+
+
 def city(row):
     result = {"identifier": row["identifier"], "name": row["name"]}
     if row["country"]:
         result["country"] = row["country"]
-    aliases = members(row["aliases"])
+    aliases = aliases_of(row)
     if aliases:
         result["aliases"] = longest_first(aliases)
     result["elevation"] = int(row["elevation"])
@@ -50,7 +60,7 @@ def city(row):
 
 def region(row, zone_column):
     result = {"name": row["name"]}
-    aliases = members(row["aliases"])
+    aliases = aliases_of(row)
     if aliases:
         result["aliases"] = longest_first(aliases)
     result["capital"] = row["capital"]
@@ -108,13 +118,13 @@ def code_set(codes):
 
 
 def ordinary_words(cities, countries, states, airports):
-    result = {name for name in ORDINARY_ALIASES}
+    result = set(ORDINARY_ALIASES)
     result.update(row["name"].lower() for row in cities if "word" in row["ambiguous"])
     for row in countries:
         result.update(lowered for lowered in map(str.lower, members(row["ambiguous"])) if len(lexemes(lowered)) == 1)
     result.update(row["iata"].lower() for row in airports if row["ambiguous"])
     result.update(row["abbreviation"] for row in rows("timezone-abbreviations.tsv") if row["ambiguous"])
-    return sorted(result)
+    return sorted(result - CITIES_IN_ANY_CASE)
 
 
 def main():
@@ -125,7 +135,7 @@ def main():
 
     keys = set()
     for row in cities + countries + states:
-        keys.update(filter_key(name) for name in [row["name"]] + members(row["aliases"]))
+        keys.update(filter_key(name) for name in [row["name"]] + aliases_of(row))
     words = {
         "filterBits": FILTER_BITS,
         "filterProbes": FILTER_PROBES,

@@ -48,6 +48,7 @@ EngineContent::EngineContent(const EngineCustomization& customization)
       }),
       unitList([customization] { return UnitList(customization); }),
       placeList(placeListWith(customization.customPlaces())),
+      specialDayList([] { return SpecialDayList(StaticResouces::localizedSpecialDays()); }),
       localeMetadata([locale = customization.locale()] { return LocaleMetadata(locale); }) {}
 
 std::shared_ptr<const EngineContent> EngineContent::basic() {

@@ -13,6 +13,7 @@
 #include "TavrineCore/Customization/Places/PlaceList.h"
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Helpers/NumberWordsList.h"
+#include "TavrineCore/Parsing/Helpers/SpecialDayList.h"
 #include "TavrineCore/Utility/Lazy.h"
 
 namespace tavrine {
@@ -32,6 +33,7 @@ struct EngineContent {
   Lazy<FixturesList> fixturesList;
   Lazy<UnitList> unitList;
   Lazy<PlaceList> placeList;
+  Lazy<SpecialDayList> specialDayList;
   Lazy<LocaleMetadata> localeMetadata;
 };
 

@@ -45,7 +45,7 @@ struct City {
 struct Airport {
   std::string name;
   std::string iata_code;
-  /// Feet above the sea.
+  /// Meters above the sea.
   double elevation = 0;
   /// Latitude and longitude in degrees, with a comma between: "40.64, -73.78".
   std::string coordinates;

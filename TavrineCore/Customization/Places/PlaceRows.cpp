@@ -212,15 +212,16 @@ std::optional<std::size_t> PlaceRows::rowWithKey(std::string_view key) const {
 }
 
 std::optional<Place> placeOf(const City& city) {
-  return Place{.name = city.name, .aliases = city.aliases, .timeZone = TimeZone(city.timezone_id), .type = city};
+  const std::optional<TimeZone> zone = TimeZone::withIdentifier(city.timezone_id);
+  if (!zone) return std::nullopt;
+  return Place{.name = city.name, .aliases = city.aliases, .timeZone = *zone, .type = city};
 }
 
 std::optional<Place> placeOf(const Country& country) {
   if (!country.capitalCityTimezoneID) return std::nullopt;
-  return Place{.name = country.name,
-               .aliases = country.aliases,
-               .timeZone = TimeZone(*country.capitalCityTimezoneID),
-               .type = country};
+  const std::optional<TimeZone> zone = TimeZone::withIdentifier(*country.capitalCityTimezoneID);
+  if (!zone) return std::nullopt;
+  return Place{.name = country.name, .aliases = country.aliases, .timeZone = *zone, .type = country};
 }
 
 }  // namespace tavrine

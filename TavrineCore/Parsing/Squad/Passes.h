@@ -40,6 +40,18 @@ void identifyDecimalPointSpecifiers(TokenList& list, const PassContext& context)
 /// not "3 -5". Counts on the dates having taken their dashes.
 void identifyUnaryMinusNumbersIn(TokenList& list, const PassContext& context);
 
+// PlacePasses.cpp
+/// "Paris", "New York", "JFK", "PST", "GMT+5" → `timezone`; "christmas", "new year's eve" → `specialDay`. A name that
+/// is an ordinary word as well has to look like a name: "Nice", "LAX", "time in nice".
+void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& context);
+/// "here" → the calendar's own `timezone`.
+void identifyRelativePlacesIn(TokenList& list, const PassContext& context);
+
+// ZonePasses.cpp
+/// "3pm pt" and "3pm et" → `timezone`; "pacific time" alone → the time there. Counts on dates being read in pieces:
+/// without a time or a zone in the line "pt" stays the unit.
+void handleUSNamedTimezones(TokenList& list, const PassContext& context);
+
 // NumberWordPasses.cpp
 /// "two hundred and five" becomes one number, and so does "3 thousand". A word among words stays a word: "five apples",
 /// "five-star".

@@ -58,6 +58,9 @@ bool calendarCalculations(const TokenList&, const PassContext& context) {
   return context.features.calendarCalculations;
 }
 bool units(const TokenList&, const PassContext& context) { return context.features.units; }
+bool shortFormUSTimezones(const TokenList&, const PassContext& context) {
+  return context.features.calendarCalculations && context.features.shortFormUSTimezones;
+}
 bool cookingSubstances(const TokenList&, const PassContext& context) { return context.features.cookingSubstances; }
 bool bracketsFold(const TokenList&, const PassContext& context) { return context.features.subexpressions; }
 bool gpsAndDms(const TokenList&, const PassContext& context) { return context.features.GPSAndDMS; }
@@ -171,14 +174,14 @@ constexpr auto kStages = std::to_array<Stage>({
      {unidentified},
      kNothing,
      calendarCalculations,
-     nullptr},
+     passes::identifyTimezonesInAndSpecialDaysIn},
     {"G5",
      "identifyTimezonesInAndSpecialDaysIn, relative places",
      ParsePhase::groups,
      {relativePlaceWord},
      kNothing,
      calendarCalculations,
-     nullptr},
+     passes::identifyRelativePlacesIn},
     {"G6",
      "identifySubstancesIn",
      ParsePhase::groups,
@@ -195,7 +198,13 @@ constexpr auto kStages = std::to_array<Stage>({
      passes::identifyDecimalPointSpecifiers},
     {"G8", "identifyDateComponentsIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
     {"G8", "transformComponentsIntoIsoDatesIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
-    {"G8", "handleUSNamedTimezones", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
+    {"G8",
+     "handleUSNamedTimezones",
+     ParsePhase::groups,
+     kNothing,
+     {timezone, dateComponents},
+     shortFormUSTimezones,
+     passes::handleUSNamedTimezones},
     {"G8", "transformComponentsIntoDatesIn", ParsePhase::groups, kNothing, kNothing, calendarCalculations, nullptr},
     {"G9",
      "identifyUnaryMinusNumbersIn",

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/StringMap.h"
+#include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/SpecialDay.h"
+
+namespace tavrine {
+
+/// The names of special days: "christmas", "new year's eve".
+class SpecialDayList {
+ public:
+  /// Where several days have a name of one lexeme, the last one counts.
+  explicit SpecialDayList(const std::vector<SpecialDay>& days);
+
+  /// The day whose name of one lexeme that is, in upper or lower case.
+  [[nodiscard]] const SpecialDay* specialDayFor(std::string_view fragment) const;
+
+  /// A name of several lexemes.
+  struct Phrase {
+    SpecialDay day;
+    std::string phrase;
+    /// The lexemes of the phrase, without white space.
+    std::vector<std::string> words;
+  };
+  /// The names that begin with the word, the longest first; null when there is none.
+  [[nodiscard]] const std::vector<Phrase>* multiWordSpecialDaysBeginningWith(std::string_view firstWordOfType) const;
+
+ private:
+  StringMap<SpecialDay> specialDayAliasCache_;
+  StringMap<std::vector<Phrase>> multiWordSpecialDaysByPrefixCache_;
+};
+
+}  // namespace tavrine

@@ -1,0 +1,226 @@
+// Zones, places and special days: words that say where or on which day, before dates are read.
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "Foundation/Decimal.h"
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Parsing/Helpers/TimeZoneAbbreviationDetector.h"
+#include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/DateMetadata.h"
+#include "TavrineCore/Parsing/Tokens/PlaceMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine::passes {
+
+namespace {
+
+// What a name of several words can begin with: "St. Louis" begins like "1st", "Mar del Plata" like a month.
+constexpr TokenTypeSet kPhraseStarts{TokenType::unidentified, TokenType::ordinalSuffix, TokenType::dateWord};
+
+TokenMetadataRef metadataOf(const Place& place) {
+  return std::make_shared<const TimezoneTokenMetadata>(place.timeZone, place);
+}
+
+void becomePlace(TokenList& list, std::size_t first, std::size_t last, const Place& place) {
+  list.replace(list.slice(first, last), TokenType::timezone, metadataOf(place));
+}
+
+void becomeSpecialDay(TokenList& list, std::size_t first, std::size_t last, SpecialDay::SpecialDayType type) {
+  list.replace(list.slice(first, last), TokenType::specialDay, std::make_shared<const SpecialDayTokenMetadata>(type));
+}
+
+/// The tokens from the index on that say the words, white space between them included; 0 if they don't.
+template <class Words>
+std::size_t extentOf(const TokenList& list, std::size_t index, const Words& words) {
+  std::optional<std::size_t> at = index;
+  std::size_t last = index;
+  for (const auto& word : words) {
+    if (!at || !equalsIgnoringCase(list[*at].stringValue, word)) return 0;
+    last = *at;
+    at = list.indexAfter(last, /*ignoreWhitespace=*/true);
+  }
+  return last - index + 1;
+}
+
+std::size_t extentOfPhrase(const TokenList& list, std::size_t index, std::string_view phrase) {
+  std::vector<std::string_view> words;
+  for (const Lexeme& lexeme : Lexer::lexemesFor(phrase, Locale::current())) {
+    if (lexeme.type != LexemeType::whitespace) words.push_back(lexeme.string);
+  }
+  return extentOf(list, index, words);
+}
+
+/// "in", "at" or "to" behind a word or a time, where a place is likely: "time in nice", "5pm in nice". Behind an amount
+/// it is a conversion or a container: "2 l in bath".
+bool standsBehindPlacePreposition(const TokenList& list, std::size_t index) {
+  const auto preposition = list.indexBefore(index, /*ignoreWhitespace=*/true);
+  if (!preposition) return false;
+  const Token& token = list[*preposition];
+  if (!token.is(TokenType::converterSymbol) && !token.is(TokenType::prepositionWord)) return false;
+  const Token* const before = list.tokenBefore(*preposition, /*ignoreWhitespace=*/true);
+  return before != nullptr &&
+         TokenTypeSet{TokenType::unidentified, TokenType::dateWord, TokenType::timezone, TokenType::specialDay}
+             .contains(before->type);
+}
+
+bool isInCapitals(std::string_view text) { return !containsLowercaseLetter(text); }
+
+bool beginsWithCapital(std::string_view text) { return !text.empty() && !isLowercased(firstCluster(text)); }
+
+/// Whether a word is meant as the name that it is. Codes are told by their capitals, names by the first letter.
+bool isMeantAsName(const TokenList& list, std::size_t index, const PlaceList& places, bool isCode) {
+  const std::string& text = list[index].stringValue;
+  constexpr std::size_t kLongestShortForm = 2;
+  if (!places.isOrdinaryWord(lowercased(text))) return true;
+  if (isCode || text.size() <= kLongestShortForm ? isInCapitals(text) : beginsWithCapital(text)) return true;
+  return standsBehindPlacePreposition(list, index);
+}
+
+/// "+5", "-3", "+5:30" behind "GMT", as hours, and the last token of it. Not where the number counts something: "now
+/// UTC + 5 hours" adds.
+struct Offset {
+  TimeZone zone;
+  std::size_t last = 0;
+};
+std::optional<Offset> offsetBehind(const TokenList& list, std::size_t index) {
+  const auto sign = list.indexAfter(index, /*ignoreWhitespace=*/true);
+  if (!sign || !list[*sign].is(TokenType::operator_)) return std::nullopt;
+  const bool isEast = list[*sign].subType == TokenSubType::additionOperator;
+  if (!isEast && list[*sign].subType != TokenSubType::subtractionOperator) return std::nullopt;
+  const auto number = list.indexAfter(*sign, /*ignoreWhitespace=*/true);
+  if (!number || !list[*number].is(TokenType::number)) return std::nullopt;
+  const Token* const counted = list.tokenAfter(*number, /*ignoreWhitespace=*/true);
+  if (counted != nullptr && counted->is(TokenType::unit)) return std::nullopt;
+
+  std::optional<TimeZone> zone =
+      TimeZoneAbbreviationDetector::timezoneWithGMTOffsetString((isEast ? "+" : "-") + list[*number].stringValue);
+  if (!zone) return std::nullopt;
+  std::size_t last = *number;
+  const std::size_t minutes = *number + 2;
+  if (minutes < list.count() && list[*number + 1].is(TokenType::colon) && list[minutes].is(TokenType::number) &&
+      list[minutes].stringValue.size() == 2) {
+    constexpr std::int64_t kSecondsPerMinute = 60;
+    const std::optional<Decimal> value = Decimal::parse(list[minutes].stringValue);
+    const std::int64_t count = value ? value->intValue() : kSecondsPerMinute;
+    const std::int64_t seconds = zone->secondsFromGMT(Date()) + (isEast ? count : -count) * kSecondsPerMinute;
+    const std::optional<TimeZone> precise = TimeZone::withSecondsFromGMT(seconds);
+    if (count < kSecondsPerMinute && precise) {
+      zone = precise;
+      last = minutes;
+    }
+  }
+  return Offset{*zone, last};
+}
+
+bool identifyTimeZoneCode(TokenList& list, std::size_t index, const PassContext& context) {
+  const std::optional<TimeZone> zone = TimeZoneAbbreviationDetector::timezoneFor(
+      list[index].stringValue, context.features.timezoneCodeAutocorrectionBehavior);
+  if (!zone || !isMeantAsName(list, index, *context.content.placeList, /*isCode=*/true)) return false;
+  if (zone->secondsFromGMT(Date::now()) == 0) {
+    if (const std::optional<Offset> offset = offsetBehind(list, index)) {
+      list.replace(list.slice(index, offset->last), TokenType::timezone,
+                   std::make_shared<const TimezoneTokenMetadata>(offset->zone));
+      return true;
+    }
+  }
+  list.replace(list.slice(index, index), TokenType::timezone, std::make_shared<const TimezoneTokenMetadata>(*zone));
+  return true;
+}
+
+bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassContext& context) {
+  const auto second = list.indexAfter(index, /*ignoreWhitespace=*/true);
+  if (!second) return false;
+  const std::string_view firstWord = list[index].stringValue;
+  std::size_t longest = 0;
+  const std::optional<Place> place =
+      context.content.placeList->placeOfPhrase(firstWord, list[*second].stringValue, [&](std::string_view phrase) {
+        const std::size_t extent = extentOfPhrase(list, index, phrase);
+        longest = std::max(longest, extent);
+        return extent;
+      });
+  if (place) {
+    becomePlace(list, index, index + longest - 1, *place);
+    return true;
+  }
+  if (!context.features.shortFormUSTimezones || !equalsIgnoringCase(list[*second].stringValue, "time")) return false;
+  const std::string word = lowercased(firstWord);
+  if (!USNamedTimezoneAbbreviations::beginsName(word)) return false;
+  const std::optional<Place> zone = USNamedTimezoneAbbreviations::timezoneFor(word + " time");
+  if (!zone) return false;
+  becomePlace(list, index, *second, *zone);
+  return true;
+}
+
+bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const PassContext& context) {
+  const auto* const phrases =
+      context.content.specialDayList->multiWordSpecialDaysBeginningWith(list[index].stringValue);
+  if (phrases == nullptr) return false;
+  for (const SpecialDayList::Phrase& phrase : *phrases) {
+    const std::size_t extent = extentOf(list, index, phrase.words);
+    if (extent == 0) continue;
+    becomeSpecialDay(list, index, index + extent - 1, phrase.day.type);
+    return true;
+  }
+  return false;
+}
+
+bool identifyPlaceOfOneWord(TokenList& list, std::size_t index, const PassContext& context) {
+  const PlaceList& places = *context.content.placeList;
+  const std::string& text = list[index].stringValue;
+  std::optional<Place> place = places.placeFor(text);
+  if (place && !isMeantAsName(list, index, places, /*isCode=*/false)) place.reset();
+  if (!place) {
+    place = AirportsList::runQuery(text);
+    if (place && !isMeantAsName(list, index, places, /*isCode=*/true)) place.reset();
+  }
+  if (!place) return false;
+  becomePlace(list, index, index, *place);
+  return true;
+}
+
+bool identifyPhrase(TokenList& list, std::size_t index, const PassContext& context) {
+  if (identifyMultiWordPlaces(list, index, context)) return true;
+  return context.features.specialDays && identifyMultiWordSpecialDays(list, index, context);
+}
+
+}  // namespace
+
+void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& context) {
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!kPhraseStarts.contains(list[i].type)) continue;
+    if (!list[i].is(TokenType::unidentified)) {
+      const Token* const before = list.tokenBefore(i);
+      if (before == nullptr || !before->is(TokenType::number)) (void)identifyPhrase(list, i, context);
+      continue;
+    }
+    if (identifyTimeZoneCode(list, i, context) || identifyPhrase(list, i, context) ||
+        identifyPlaceOfOneWord(list, i, context) || !context.features.specialDays) {
+      continue;
+    }
+    if (const SpecialDay* const day = context.content.specialDayList->specialDayFor(list[i].stringValue)) {
+      becomeSpecialDay(list, i, i, day->type);
+    }
+  }
+}
+
+void identifyRelativePlacesIn(TokenList& list, const PassContext& context) {
+  for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(TokenType::relativePlaceWord) || list[i].subType != TokenSubType::relativePlaceWordHere) continue;
+    list.replace(list.slice(i, i), TokenType::timezone,
+                 std::make_shared<const TimezoneTokenMetadata>(context.customization.calendar().timeZone()));
+  }
+}
+
+}  // namespace tavrine::passes

@@ -1,0 +1,244 @@
+#include "TavrineCore/Customization/Places/PlaceList.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Engine/StaticResouces.h"
+#include "TavrineCore/Customization/Places/NameLexemes.h"
+#include "TavrineCore/Customization/Places/PlaceRows.h"
+#include "TavrineCore/Parsing/Lexing/Lexer.h"
+
+namespace tavrine {
+namespace {
+
+std::vector<std::string> lexemesOf(std::string_view text) {
+  std::vector<std::string> result;
+  for (const Lexeme& lexeme : Lexer::lexemesFor(text, Locale::current())) {
+    if (lexeme.type != LexemeType::whitespace) result.push_back(lowercased(lexeme.string));
+  }
+  return result;
+}
+
+/// The place that the beginning of the text names, by a phrase or else by one word, as a line would find it.
+std::optional<Place> placeIn(const PlaceList& places, std::string_view text) {
+  const std::vector<std::string> words = lexemesOf(text);
+  if (words.size() >= 2) {
+    auto place = places.placeOfPhrase(words[0], words[1], [&](std::string_view phrase) -> std::size_t {
+      const std::vector<std::string> wanted = lexemesOf(phrase);
+      if (wanted.size() > words.size() || !std::equal(wanted.begin(), wanted.end(), words.begin())) return 0;
+      return wanted.size();
+    });
+    if (place) return place;
+  }
+  return words.size() == 1 ? places.placeFor(text) : std::nullopt;
+}
+
+std::string nameIn(const PlaceList& places, std::string_view text) {
+  const std::optional<Place> place = placeIn(places, text);
+  return place ? place->name + " " + place->timeZone.identifier() : "none";
+}
+
+Place customPlace(std::string name, std::string_view zone, std::optional<std::vector<std::string>> aliases = {}) {
+  const TimeZone timeZone{std::string(zone)};
+  return {.name = name, .aliases = std::move(aliases), .timeZone = timeZone, .type = CustomPlace{name, timeZone, {}}};
+}
+
+TEST(PlaceListTest, EveryRowCanBeNamed) {
+  const PlaceList places = PlaceList::standard();
+  const auto cities = StaticResouces::localizedCities();
+  const auto countries = StaticResouces::localizedCountries();
+  const auto states = StaticResouces::localizedStates();
+  ASSERT_TRUE(cities && countries && states);
+  EXPECT_GT(cities->count(), 7000U);
+
+  const auto expectReachable = [&](const PlaceRows& rows, auto isRow) {
+    for (std::size_t row = 0; row < rows.count(); ++row) {
+      bool isReachable = false;
+      std::string names;
+      for (const std::string& name : rows.namesOfRow(row)) {
+        const std::optional<Place> place = placeIn(places, name);
+        isReachable = isReachable || (place && isRow(row, *place));
+        names += name + "|";
+      }
+      EXPECT_TRUE(isReachable) << names;
+    }
+  };
+  expectReachable(*cities, [&](std::size_t row, const Place& place) {
+    return place.city() != nullptr && place.city()->identifier == cities->city(row)->identifier;
+  });
+  expectReachable(*countries, [&](std::size_t row, const Place& place) {
+    return place.country() != nullptr && *place.country() == *countries->country(row);
+  });
+  expectReachable(*states, [&](std::size_t row, const Place& place) {
+    // New York and a few others are the city's name as well, and the city wins where it has several words.
+    return place.name == states->country(row)->name;
+  });
+}
+
+TEST(PlaceListTest, EveryAirportHasACityAndAZone) {
+  const auto airports = StaticResouces::airports();
+  ASSERT_TRUE(airports);
+  EXPECT_GT(airports->count(), 3000U);
+  for (std::size_t row = 0; row < airports->count(); ++row) {
+    const std::optional<Airport> airport = airports->airport(row);
+    ASSERT_TRUE(airport) << row;
+    const std::optional<Place> place = AirportsList::runQuery(airport->iata_code);
+    ASSERT_TRUE(place && place->airport() != nullptr) << airport->iata_code;
+    EXPECT_EQ(place->name, airport->name);
+    EXPECT_TRUE(place->airport()->associatedCityName) << airport->iata_code;
+    EXPECT_TRUE(place->gpsCoordinates()) << airport->iata_code;
+  }
+  EXPECT_EQ(AirportsList::runQuery("jfk")->timeZone.identifier(), "America/New_York");
+  EXPECT_EQ(AirportsList::runQuery("JFK")->airport()->associatedCityName, "New York");
+  for (const std::string_view word : {"", "jf", "jfkx", "qqq", "j1k", "gas", "bus", "the"}) {
+    EXPECT_FALSE(AirportsList::runQuery(word)) << word;
+  }
+}
+
+TEST(PlaceListTest, NamesAndTheirZones) {
+  struct Case {
+    std::string_view text;
+    std::string_view place;
+  };
+  constexpr Case kCases[] = {
+      {"Paris", "Paris Europe/Paris"},
+      {"pARIS", "Paris Europe/Paris"},
+      {"New York", "New York America/New_York"},
+      {"new york city", "New York America/New_York"},
+      {"NYC", "New York America/New_York"},
+      {"San Francisco", "San Francisco America/Los_Angeles"},
+      {"san francisco de macoris", "San Francisco de Macorís America/Santo_Domingo"},
+      {"Los Angeles", "Los Angeles America/Los_Angeles"},
+      {"St. Louis", "St. Louis America/Chicago"},
+      {"São Paulo", "São Paulo America/Sao_Paulo"},
+      {"sao paulo", "São Paulo America/Sao_Paulo"},
+      {"Zürich", "Zürich Europe/Zurich"},
+      {"Portland Maine", "Portland America/New_York"},
+      {"portland", "Portland America/Los_Angeles"},
+      {"Hamilton Bermuda", "Hamilton Atlantic/Bermuda"},
+      {"United States", "United States America/New_York"},
+      {"UK", "United Kingdom Europe/London"},
+      {"Germany", "Germany Europe/Berlin"},
+      {"georgia", "Georgia America/New_York"},
+      {"Republic of Georgia", "Georgia Asia/Tbilisi"},
+      {"California", "California America/Los_Angeles"},
+      {"guinea-bissau", "Guinea-Bissau Africa/Bissau"},
+      {"Nice", "Nice Europe/Paris"},
+      {"Atlantis", "none"},
+      {"New Shoes", "none"},
+      {"", "none"},
+  };
+  const PlaceList places = PlaceList::standard();
+  for (const Case& c : kCases) EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
+
+  const auto beginningWithNew = places.multiWordPlacesBeginningWith("New");
+  ASSERT_TRUE(beginningWithNew);
+  EXPECT_TRUE(std::any_of(beginningWithNew->begin(), beginningWithNew->end(),
+                          [](const Place& place) { return place.name == "New York"; }));
+  EXPECT_FALSE(places.multiWordPlacesBeginningWith("paris"));
+}
+
+TEST(PlaceListTest, OrdinaryWordsAreNoPlaces) {
+  // What people write around sums; a word that is a place as well has to be told from it by its looks.
+  constexpr std::string_view kWords =
+      "a about above account act add after again age ago air all almost also always am amount an and animal answer any "
+      "apple april are area arm art as ask at august average away back bad bag balance ball bank bar base bath be bean "
+      "bed before begin below best better between big bill bit black blue board boat body book both bottle bottom box "
+      "boy bread break bring brother brown budget build bus business but butter buy by cake call can car card care cash "
+      "cat change charge cheap check cheese child city class clean clear clock close cloth coat coffee cold come cook "
+      "corn cost count country course cover cow credit cross cup cut daily dance dark date day deal dear debt december "
+      "deep deposit desk did dinner discount do doctor dog door double down draw dress drink drive dry due each early "
+      "earn earth east easy eat egg eight electricity eleven end energy enough even evening every expense eye face fact "
+      "fall family far farm fast father fee feel few fifty fill final find fine fire first fish five fix flat flight "
+      "floor flour flower food foot for form forty found four free friday friend from front fruit fuel full game garden "
+      "gas get gift girl give glass go gold good grand grass great green grocery groceries gross ground group grow half "
+      "hand hard has hat have he head hear heart heat heavy her here high him his hold holiday home hope horse hospital "
+      "hot hotel hour house how hundred i ice idea if in income inside insurance interest internet into invest iron is "
+      "it item january job juice july june just keep kid kind king kitchen know lamp land large last late later law "
+      "learn left leg lend less let letter light like line list little loan local long look lose lot loud love low "
+      "lunch made mail main make man many march mark market may me meal mean meat meet milk mine minute money month "
+      "more morning mortgage most mother mountain mouth move much music must my name near need net never new next night "
+      "nine no noon north nose not note november now nurse object october of off offer office oil old on once one onion "
+      "only open or orange order other our out oven over own page paint pair paper parent park part party pay payment "
+      "pen people per percent person petrol phone picture piece plan plane plant plate play please plus point pool poor "
+      "post potato pound power present price profit project public pull push put quarter quick quiet rain rate reach "
+      "read ready real red refund remaining rent repair rest result rice rich ride right ring river road room round run "
+      "sad salary sale salt same saturday save savings say school score sea second see sell send september set seven "
+      "shall share she ship shirt shoe shop short should show shower side sign silver simple since sister sit six sixty "
+      "size skin sleep slow small snow so soap soft sold some son song soon sort sound soup south spend spent split "
+      "spoon spring square stairs stamp stand star start state stay step stock stone stop store story street strong "
+      "student subscription sugar sum summer sun sunday supper sure sweet table take talk tall target tax tea teach "
+      "team tell ten thank that the their them then there these they thick thin thing think third thirty this thousand "
+      "three thursday ticket time tip tire to today together tomorrow tonight too top total touch tour towel town toy "
+      "train travel tree trip truck true try tuesday turn twelve twenty two under until up us use utilities vacation "
+      "value van very visit voice wait walk wall want war warm was wash watch water way we wear wednesday week weight "
+      "well were west wet what wheel when where which white who why wide wife will win wind window wine winter wish "
+      "with without woman wood word work world would write wrong yard year yellow yes yesterday yet you young your zero";
+  const PlaceList places = PlaceList::standard();
+  std::size_t start = 0;
+  while (start < kWords.size()) {
+    const std::size_t end = std::min(kWords.find(' ', start), kWords.size());
+    const std::string_view word = kWords.substr(start, end - start);
+    start = end + 1;
+    if (places.isOrdinaryWord(word)) continue;
+    EXPECT_FALSE(places.placeFor(word)) << word;
+    EXPECT_FALSE(AirportsList::runQuery(word)) << word;
+  }
+}
+
+TEST(PlaceListTest, CustomPlacesStandInForOthers) {
+  const PlaceList places(PlaceList::standard(), {customPlace("Paris", "America/Chicago"),
+                                                 customPlace("New York", "Asia/Tokyo"),
+                                                 customPlace("San Francisco", "Asia/Seoul"),
+                                                 customPlace("office", "Europe/Rome", {{"Head Office", "HQ"}}),
+                                                 customPlace("nice", "Asia/Tokyo")});
+  struct Case {
+    std::string_view text;
+    std::string_view place;
+  };
+  constexpr Case kCases[] = {
+      {"paris", "Paris America/Chicago"},
+      {"new york", "New York Asia/Tokyo"},
+      // A longer name is still what it was.
+      {"new york city", "New York America/New_York"},
+      {"San Francisco de Macoris", "San Francisco de Macorís America/Santo_Domingo"},
+      {"OFFICE", "office Europe/Rome"},
+      {"head office", "office Europe/Rome"},
+      {"hq", "office Europe/Rome"},
+      {"Tokyo", "Tokyo Asia/Tokyo"},
+  };
+  for (const Case& c : kCases) EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
+  EXPECT_FALSE(places.isOrdinaryWord("nice"));
+
+  const PlaceList alone({customPlace("home", "Asia/Tokyo"), customPlace("Home", "Asia/Seoul")});
+  EXPECT_EQ(nameIn(alone, "home"), "Home Asia/Seoul");
+  EXPECT_EQ(nameIn(alone, "paris"), "none");
+}
+
+TEST(PlaceRowsTest, FilesThatAreNoGood) {
+  for (const std::string_view bytes : {"", "[", "[{\"identifier\":\"1\"}]", "[{\"name\":\"A\"},]", "{\"name\":1}"}) {
+    EXPECT_FALSE(PlaceRows::from(bytes).content) << bytes;
+  }
+  const auto rows = PlaceRows::from(
+      R"([{"name":"Caf\u00e9 \"Bay\"","identifier":"7","aliases":["Tea \/ Bay"],"timezone_id":"Europe/Rome"},{"name":"x"}])");
+  ASSERT_TRUE(rows.content) << rows.error;
+  EXPECT_EQ(rows.content->namesOfRow(0), (std::vector<std::string>{"Café \"Bay\"", "Tea / Bay"}));
+  EXPECT_EQ(rows.content->city(0)->name, "Café \"Bay\"");
+  EXPECT_FALSE(rows.content->city(1));
+  EXPECT_EQ(rows.content->rowWithKey("7"), 0U);
+  EXPECT_EQ(rows.content->rowWithKey("8"), std::nullopt);
+
+  PlaceRows both = *rows.content;
+  both.append(*PlaceRows::from(R"([{"name":"Ostia","identifier":"8","timezone_id":"Europe/Rome"}])").content);
+  EXPECT_EQ(both.city(*both.rowWithKey("8"))->name, "Ostia");
+  EXPECT_EQ(both.namesOfRow(2), std::vector<std::string>{"Ostia"});
+}
+
+}  // namespace
+}  // namespace tavrine
