@@ -29,7 +29,7 @@ year_month_day dayOf(int year, unsigned month, unsigned day) {
 }
 
 /// The rule for the Gregorian calendar of Meeus, Jones and Butcher, in whole numbers.
-year_month_day easterSunday(int year) {
+year_month_day easterDay(int year) {
   const int a = year % 19;
   const int b = year / 100;
   const int c = year % 100;
@@ -144,9 +144,9 @@ std::optional<year_month_day> dayOfYear(SpecialDay::SpecialDayType type, int yea
     case halloween:
       return dayOf(year, 10, 31);
     case easterSunday:
-      return easterSunday(year);
+      return easterDay(year);
     case goodFriday:
-      return year_month_day(sys_days(easterSunday(year)) - days(2));
+      return year_month_day(sys_days(easterDay(year)) - days(2));
     case thanksgiving:
       return thanksgivingDay(year);
     case blackFriday:
