@@ -14,12 +14,13 @@ class Forwarder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Forward
 
   bool Default() { return true; }
   bool RawNumber(const char*, rapidjson::SizeType, bool) { return true; }
+  // The iterative reader tells of a bracket before it takes it.
   bool StartObject() {
-    handler_.objectBegins(stream_.Tell() - 1);
+    handler_.objectBegins(stream_.Tell());
     return true;
   }
   bool EndObject(rapidjson::SizeType) {
-    handler_.objectEnds(stream_.Tell());
+    handler_.objectEnds(stream_.Tell() + 1);
     return true;
   }
   bool Key(const char* text, rapidjson::SizeType size, bool) {

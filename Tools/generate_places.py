@@ -18,16 +18,16 @@ FILTER_PROBES = 6
 # written in capitals, or behind "in", "at" or "to" in a line about times.
 ORDINARY_ALIASES = {"us", "la", "ca", "il", "dc", "va", "ga", "fl", "kl", "sf", "bc", "id", "md", "nd", "sd", "nc",
                     "sc", "ri", "vt", "wi", "wv", "wy", "ny", "nj", "nh", "nv", "az", "ak", "ky", "tn", "tx", "qc", "hk",
-                    "cali", "lao", "czech", "aussie", "hull", "saudi", "emirates", "congo", "rubi", "agri", "pila"}
+                    "lao", "czech", "aussie", "hull", "saudi", "emirates", "congo", "rubi", "agri", "pila"}
 
 # Marked as words, but in lines with sums, dates and times they are cities in any case.
 CITIES_IN_ANY_CASE = {"anchorage", "angers", "bologna", "buffalo", "erode", "phoenix", "pueblo", "wellington"}
 
-# Aliases that would take a common word from every line.
-DROPPED_ALIASES = {"CAR"}
+# Aliases that would take a common word from every line, or a city its name.
+DROPPED_ALIASES = {"CAR", "Cali"}
 
 # A word as the lexer cuts it: letters, with single apostrophes and points between letters; digits; any other sign.
-LEXEME = re.compile(r"[^\W\d_]+(?:['’.][^\W\d_]+)*|\d+|[^\s]")
+LEXEME = re.compile(r"[^\W\d_]+(?:['’.][^\W\d_]+)*['’]?|\d+|[^\s]")
 
 
 def lexemes(name):
@@ -40,7 +40,12 @@ def longest_first(names):
 
 
 def aliases_of(row):
-    return [alias for alias in members(row["aliases"]) if alias not in DROPPED_ALIASES]
+    aliases = [alias for alias in members(row["aliases"]) if alias not in DROPPED_ALIASES]
+    # A place with aliases of several words is known by these alone.
+    if any(len(lexemes(alias)) > 1 for alias in aliases) and len(lexemes(row["name"])) > 1 \
+            and row["name"] not in aliases and "dup" not in row["ambiguous"]:
+        aliases.append(row["name"])
+    return aliases
 
 
 def city(row):
