@@ -71,6 +71,7 @@ TEST(PlacePasses, FindNames) {
       {"car 5", ""},
       {"new shoes: 5", ""},
       {"1st louis", ""},
+      {"2 days after christmas", "christmas=christmasDay"},
   };
   const LineReader reader;
   for (const Case& c : kCases) EXPECT_EQ(namedIn(reader.after("G5", c.line)), c.named) << c.line;

@@ -26,8 +26,10 @@ namespace tavrine::passes {
 
 namespace {
 
-// What a name of several words can begin with: "St. Louis" begins like "1st", "Mar del Plata" like a month.
-constexpr TokenTypeSet kPhraseStarts{TokenType::unidentified, TokenType::ordinalSuffix, TokenType::dateWord};
+// What a name of several words can begin with: "St. Louis" begins like "1st" or like a unit, "Mar del Plata" like a
+// month.
+constexpr TokenTypeSet kPhraseStarts{TokenType::unidentified, TokenType::ordinalSuffix, TokenType::dateWord,
+                                     TokenType::unit};
 
 TokenMetadataRef metadataOf(const Place& place) {
   return std::make_shared<const TimezoneTokenMetadata>(place.timeZone, place);
@@ -201,7 +203,7 @@ void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& con
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!kPhraseStarts.contains(list[i].type)) continue;
     if (!list[i].is(TokenType::unidentified)) {
-      const Token* const before = list.tokenBefore(i);
+      const Token* const before = list.tokenBefore(i, /*ignoreWhitespace=*/true);
       if (before == nullptr || !before->is(TokenType::number)) (void)identifyPhrase(list, i, context);
       continue;
     }
