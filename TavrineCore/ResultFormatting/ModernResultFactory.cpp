@@ -5,11 +5,14 @@
 
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/ResultFormatting/CoordinateResultFormatters.h"
+#include "TavrineCore/ResultFormatting/DatestampResultFormatter.h"
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
 #include "TavrineCore/ResultFormatting/NumberResultFormatters.h"
 #include "TavrineCore/ResultFormatting/RateResultFormatters.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
 #include "TavrineCore/ResultFormatting/TextResultFormatters.h"
+#include "TavrineCore/ResultFormatting/TimecodeResultFormatters.h"
+#include "TavrineCore/ResultFormatting/TimespanFormatter.h"
 #include "TavrineCore/ResultFormatting/UnitResultFormatters.h"
 
 namespace tavrine {
@@ -33,13 +36,13 @@ constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
      "PercentageRateResultFormatter",
      PercentageRateResultFormatter::formattedResult,
      {percentageRate}},
-    {"Datestamp", "DatestampResultFormatter", nullptr, {date}},
-    {"iso8601", "iso8601ResultFormatter", nullptr, {iso8601}},
+    {"Datestamp", "DatestampResultFormatter", DatestampResultFormatter::formattedResult, {date}},
+    {"iso8601", "iso8601ResultFormatter", iso8601ResultFormatter::formattedResult, {iso8601}},
     {"EvaluationError", "ErrorResultFormatter", ErrorResultFormatter::formattedResult, {error}},
-    {"Timestamp", "TimestampResultFormatter", nullptr, {timestamp}},
-    {"Timespan", "TimespanResultFormatter", nullptr, {timespan}},
-    {"Laptime", "LaptimeResultFormatter", nullptr, {laptime}},
-    {"Frametime", "FrametimeResultFormatter", nullptr, {frametime}},
+    {"Timestamp", "TimestampResultFormatter", TimestampResultFormatter::formattedResult, {timestamp}},
+    {"Timespan", "TimespanResultFormatter", TimespanResultFormatter::formattedResult, {timespan}},
+    {"Laptime", "LaptimeResultFormatter", LaptimeResultFormatter::formattedResult, {laptime}},
+    {"Frametime", "FrametimeResultFormatter", FrametimeResultFormatter::formattedResult, {frametime}},
     {"boolean", "BooleanResultFormatter", BooleanResultFormatter::formattedResult, {boolean}},
     {"Multiplier", "MultiplierResultFormatter", MultiplierResultFormatter::formattedResult, {multiplier}},
     {"Pitch", "PitchResultFormatter", PitchResultFormatter::formattedResult, {pitch}},
@@ -52,7 +55,7 @@ constexpr auto kRows = std::to_array<ModernResultFactory::Row>({
      DegreesMinutesSecondsResultFormatter::formattedResult,
      {degreesMinutesSeconds}},
     {"unsigned integer", "OtherBaseResultFormatter", OtherBaseResultFormatter::formattedResult, {binary, octal, hex}},
-    {"Datespan", "DatespanResultFormatter", nullptr, {datespan}},
+    {"Datespan", "DatespanResultFormatter", DatespanResultFormatter::formattedResult, {datespan}},
     {"String", "RawStringResultFormatter", RawStringResultFormatter::formattedResult, {rawString, dynamicPlace}},
     {"SalesTax", "PercentageResultFormatter", PercentageResultFormatter::formattedResult, {salesTax}},
     {"UnitRange", "UnitRangeResultFormatter", UnitRangeResultFormatter::formattedResult, {unitRange}},
