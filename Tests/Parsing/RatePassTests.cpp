@@ -24,7 +24,7 @@ TEST(RatePasses, RatesOfEachKind) {
       {"5 ripe apples / day", "rate[number.unidentified.unidentified.operator.unit]"},
       {"apples / day", "unidentified.operator.unit"},
       {"/ day", "operator.unit"},
-      {"20 km / 4 hours", "unitExpression[number.unit].operator.unitExpression[number.unit]"},
+      {"20 km / 4 hours", "unitExpression[number.unit].operator.timespan[unitExpression[number.unit]]"},
       {"5 / day / week", "rate[number.operator.unit].operator.unit"},
       {"10 km a day", "rate[unitExpression[number.unit].operator.unit]"},
   };

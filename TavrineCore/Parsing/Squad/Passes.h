@@ -99,6 +99,10 @@ void unexpandVariables(TokenList& list, const PassContext& context);
 /// measures. Counts on labels having taken their words. Leaves "1st" and, on their own, "in" and "to".
 void identifyUnitsIn(TokenList& list, const PassContext& context);
 
+// LaptimePasses.cpp
+/// "3:45:32.431" → `laptime`, "01:30:15:10" → `frametime`. "3:45" is left to the dates.
+void identifyLaptimesAndFrametimesIn(TokenList& list, const PassContext& context);
+
 // SubstancePasses.cpp
 /// "flour", "olive oil" → `substance`.
 void identifySubstancesIn(TokenList& list, const PassContext& context);
@@ -108,6 +112,15 @@ void identifySubstancesIn(TokenList& list, const PassContext& context);
 /// `degreesMinutesSeconds`. The "a" of "10 km a day" becomes a stroke, the "in" of "5 ft 3 in" inches. Counts on
 /// numbers having their signs.
 void identifyUnitExpressionsIn(TokenList& list, const PassContext& context);
+
+// TimespanPasses.cpp
+/// "3 weeks", "1:30 hours" → `timespan` over the amount, so that dates can be moved by it.
+void identifyTimespansIn(TokenList& list, const PassContext& context);
+/// "2 hours 5 min" → `timespan`; with seconds and frames → `frametime`.
+void identifyTimespansInCompounds(TokenList& list, const PassContext& context);
+/// What was read from one amount becomes that amount again, except in phrases, which ask for durations.
+void transformTimespansOutsideCalendarMathExpressionsBackIntoUnitExpressions(TokenList& list,
+                                                                             const PassContext& context);
 
 // RatePasses.cpp
 /// "$20 / hour", "5 apples / day", "5% / year" → `rate`.
