@@ -12,6 +12,7 @@
 #include "TavrineCore/Customization/Units/CommonConversions.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
@@ -108,20 +109,34 @@ std::optional<Token> convertedToFeetAndInches(const ResultConversionRule& rule, 
   return TokenConverterFactory::converted(token, TokenFactory::converterWith(TokenSubType::feetAndInchesConverter));
 }
 
+std::optional<Token> convertedToTimespan(const ResultConversionRule& rule, const Token& token,
+                                         const EngineCustomization&) {
+  if (identifierOf(token) != rule.identifier) return std::nullopt;
+  return TokenConverterFactory::converted(token, TokenFactory::converterWith(TokenSubType::timespanConverter));
+}
+
+/// What shows a time on the clocks of another zone.
+std::optional<Token> convertedToTimezone(const ResultConversionRule& rule, const Token& token,
+                                         const EngineCustomization&) {
+  const auto datestamp = token.is(TokenType::datestamp) ? token.datestampValue() : std::nullopt;
+  if (!datestamp || !rule.convertToTimezone || datestamp->timezone == *rule.convertToTimezone) return std::nullopt;
+  if (!calendarComponentsRepresentedBy(datestamp->type).contains(Calendar::Component::hour)) return std::nullopt;
+  return TokenConverterFactory::converted(token, TokenFactory::converterToTimezone(*rule.convertToTimezone));
+}
+
 using RuleEvaluation = std::optional<Token> (*)(const ResultConversionRule&, const Token&, const EngineCustomization&);
 
 struct RuleRow {
   Kind kind;
-  /// Null while nothing converts such values: the rule fits no token.
-  RuleEvaluation evaluate = nullptr;
+  RuleEvaluation evaluate;
 };
 constexpr auto kRuleEvaluations = std::to_array<RuleRow>({
     {Kind::tokenOf, convertedToType},
     {Kind::unitExpressionOf, convertedOfUnitType},
     {Kind::unitExpressionWith, convertedOfUnit},
-    {Kind::convertToTimespanUnitExpressionWith},
+    {Kind::convertToTimespanUnitExpressionWith, convertedToTimespan},
     {Kind::convertToFeetAndInchesUnitExpressionWith, convertedToFeetAndInches},
-    {Kind::timeWithTimezone},
+    {Kind::timeWithTimezone, convertedToTimezone},
 });
 
 /// Into forms with two units.
@@ -170,7 +185,6 @@ std::optional<Token> AutomaticResultConverter::ResultConversionRuleProcessor::pr
     std::span<const ResultConversionRule> rules, const Token& token) const {
   for (const ResultConversionRule& rule : rules) {
     const RuleEvaluation evaluate = kRuleEvaluations[static_cast<std::size_t>(rule.kind)].evaluate;
-    if (evaluate == nullptr) continue;
     if (std::optional<Token> converted = evaluate(rule, token, customization_)) return converted;
   }
   return std::nullopt;

@@ -9,6 +9,7 @@
 #include "TavrineCore/Parsing/Primitives/RateArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitConversion.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 
 namespace tavrine {
@@ -82,9 +83,33 @@ Answer modulus(const UnitExpression& first, const UnitExpression& second) {
   return EvaluationResult::unitExpression({DDDecimalMod(first.value, second.value), first.unit, true});
 }
 
+/// The quantity as a duration on the calendar; nothing for one that is better told in its unit.
+std::optional<Timespan> formedTimespan(const UnitExpression& expression) {
+  const bool formsTimespan = UnitCalculator::timespanFormingUnits.contains(expression.unit.identifier());
+  return formsTimespan ? timespanOf(expression) : std::nullopt;
+}
+
+/// "3 hours + 20 minutes" is a timespan; "3 hours + 2 hours" stays 5 hours.
+std::optional<Timespan> timespanOfSum(const UnitExpression& result, const UnitExpression& left,
+                                      const UnitExpression& right) {
+  if (left.unit.identifier() == right.unit.identifier()) return std::nullopt;
+  return formedTimespan(result);
+}
+
+Answer unitSum(const UnitExpression& first, const UnitExpression& second, UnitSum operation) {
+  const auto sum = operation == UnitSum::addition ? first + second : first - second;
+  if (!sum) return std::nullopt;
+  if (const auto timespan = timespanOfSum(*sum, first, second)) {
+    return EvaluationResult::timespan(*timespan);
+  }
+  return asExpression(sum);
+}
+
 EvaluationResult unitDivision(const UnitExpression& unit, const Decimal& divisor) {
   if (divisor.isZero()) return failure(EvaluationError::DivideByZero);
-  return EvaluationResult::unitExpression({unit.value / divisor, unit.unit, true});
+  const UnitExpression quotient{unit.value / divisor, unit.unit, true};
+  if (const auto timespan = formedTimespan(quotient)) return EvaluationResult::timespan(*timespan);
+  return EvaluationResult::unitExpression(quotient);
 }
 
 EvaluationResult decimalByUnitDivision(const Decimal& decimal, const UnitExpression& unit) {
@@ -180,9 +205,9 @@ Answer perform(const UnitCalculation& calculation) {
     case Case::unitToRateConversion:
       return unitToRateConversion(expression(a), rate(b));
     case Case::unitsAddition:
-      return asExpression(expression(a) + expression(b));
+      return unitSum(expression(a), expression(b), UnitSum::addition);
     case Case::unitsSubtraction:
-      return asExpression(expression(a) - expression(b));
+      return unitSum(expression(a), expression(b), UnitSum::subtraction);
     case Case::unitsMultiplication:
       return product(expression(a), expression(b));
     case Case::unitsDivision:

@@ -10,6 +10,7 @@
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitIdentifier.h"
 #include "TavrineCore/Parsing/Primitives/UnitRate.h"
 
 namespace tavrine {
@@ -38,6 +39,10 @@ struct UnitCalculation {
 /// operands: a quotient may be a rate or a plain number.
 class UnitCalculator {
  public:
+  /// The units whose sums and parts are told as a duration: half of 3 hours is 1 hour and 30 minutes, of 3 seconds 1.5.
+  static constexpr UnitIdentifierSet timespanFormingUnits{UnitIdentifier::minutes, UnitIdentifier::hours,
+                                                          UnitIdentifier::days, UnitIdentifier::weeks};
+
   /// Nothing where the calculation doesn't apply to such units; what that means is the caller's to say. What applies
   /// and fails is an `error` result.
   [[nodiscard]] static std::optional<EvaluationResult> performUnitCalculation(const UnitCalculation& calculation);

@@ -2,17 +2,20 @@
 
 #include <array>
 #include <optional>
+#include <variant>
 
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Evaluation/Support/DurationReadings.h"
 #include "TavrineCore/Evaluation/Support/UnitCalculator.h"
-#include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Primitives/DatestampArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
 #include "TavrineCore/Parsing/Primitives/RateArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Tokens/Token.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
@@ -67,11 +70,33 @@ Sum percentageRates(const EvaluationResult& left, const EvaluationResult& right)
   return sum ? Sum(EvaluationResult::percentageRate(*sum)) : std::nullopt;
 }
 
+/// Times of day add up; of other dates what lies between them is told.
+Sum dates(const EvaluationResult& left, const EvaluationResult& right) {
+  const Datestamp& first = *left.datestampValue();
+  const Datestamp& second = *right.datestampValue();
+  if (first.type == DatestampType::clockTime && second.type == DatestampType::clockTime) {
+    return EvaluationResult::timespan(first + second);
+  }
+  const DatestampDifference difference = first - second;
+  const auto* timespan = std::get_if<Timespan>(&difference);
+  return timespan != nullptr ? EvaluationResult::timespan(*timespan) : EvaluationResult::none();
+}
+
+Sum timespans(const EvaluationResult& left, const EvaluationResult& right) {
+  return EvaluationResult::timespan(summed(*left.timespanValue(), *right.timespanValue(), UnitSum::addition));
+}
+
+/// Stopwatch readings and time codes, among themselves and with durations.
+Sum readings(const EvaluationResult& left, const EvaluationResult& right) {
+  EvaluationResult sum = added(left.tokenized(), right.tokenized());
+  if (!sum.is(Case::laptime) && !sum.is(Case::frametime)) return std::nullopt;
+  return sum;
+}
+
 using Addition = Sum (*)(const EvaluationResult& left, const EvaluationResult& right);
 
 struct SameCaseRow {
   Case kind;
-  /// Null while values of the kind can't be added: the later one stays.
   Addition add;
 };
 
@@ -83,10 +108,10 @@ constexpr auto kSameCase = std::to_array<SameCaseRow>({
     {Case::decimalRate, rates},
     {Case::unitRate, rates},
     {Case::percentageRate, percentageRates},
-    {Case::date, nullptr},
-    {Case::timespan, nullptr},
-    {Case::laptime, nullptr},
-    {Case::frametime, nullptr},
+    {Case::date, dates},
+    {Case::timespan, timespans},
+    {Case::laptime, readings},
+    {Case::frametime, readings},
 });
 
 /// 5 and $10: the number counts as dollars.
@@ -109,6 +134,34 @@ Sum fractionAndNumber(const EvaluationResult& left, const EvaluationResult& righ
   return EvaluationResult::fraction(Fraction{*first + *second, std::nullopt});
 }
 
+/// The parts of a duration that are there.
+DateComponents withoutZeros(const DateComponents& components) {
+  DateComponents result;
+  for (const Calendar::Component component : orderedTavrineSupportedComponents) {
+    const auto value = valueOf(components, component);
+    if (value.value_or(0) != 0) setValueOf(result, component, value);
+  }
+  return result;
+}
+
+Sum timespanAndUnitExpression(const EvaluationResult& left, const EvaluationResult& right) {
+  const bool timespanIsLeft = left.is(Case::timespan);
+  const std::optional<UnitExpression> expression = (timespanIsLeft ? right : left).unitExpressionValue();
+  if (!expression || !measuresTime(expression->unit)) return std::nullopt;
+  const Timespan& timespan = *(timespanIsLeft ? left : right).timespanValue();
+  const Timespan other{withoutZeros(dateComponentsIn(*expression, true, timespanCalendarComponets)), std::nullopt};
+  return EvaluationResult::timespan(timespanIsLeft ? summed(timespan, other, UnitSum::addition)
+                                                   : summed(other, timespan, UnitSum::addition));
+}
+
+Sum timespanAndDatestamp(const EvaluationResult& left, const EvaluationResult& right) {
+  const bool timespanIsLeft = left.is(Case::timespan);
+  const auto timeOfDay = timespanOf(*(timespanIsLeft ? right : left).datestampValue());
+  if (!timeOfDay) return EvaluationResult::none();
+  const Timespan& timespan = *(timespanIsLeft ? left : right).timespanValue();
+  return EvaluationResult::timespan(summed(timespan, *timeOfDay, UnitSum::addition));
+}
+
 Sum unitExpressionAndDatestamp(const EvaluationResult& left, const EvaluationResult& right) {
   return left.is(Case::unitExpression) ? left : right;
 }
@@ -116,24 +169,23 @@ Sum unitExpressionAndDatestamp(const EvaluationResult& left, const EvaluationRes
 struct MixedRow {
   TokenType first;
   TokenType second;
-  /// Null while the two can't be added.
   Addition add;
 };
 
 constexpr auto kMixedSets = std::to_array<MixedRow>({
     {TokenType::number, TokenType::unitExpression, numberAndUnitExpression},
-    {TokenType::timespan, TokenType::laptime, nullptr},
+    {TokenType::timespan, TokenType::laptime, readings},
     {TokenType::fraction, TokenType::number, fractionAndNumber},
-    {TokenType::timespan, TokenType::unitExpression, nullptr},
-    {TokenType::laptime, TokenType::unitExpression, nullptr},
-    {TokenType::timespan, TokenType::datestamp, nullptr},
-    {TokenType::timespan, TokenType::frametime, nullptr},
+    {TokenType::timespan, TokenType::unitExpression, timespanAndUnitExpression},
+    {TokenType::laptime, TokenType::unitExpression, readings},
+    {TokenType::timespan, TokenType::datestamp, timespanAndDatestamp},
+    {TokenType::timespan, TokenType::frametime, readings},
     {TokenType::unitExpression, TokenType::datestamp, unitExpressionAndDatestamp},
 });
 
 Sum sumOfSameCase(const EvaluationResult& left, const EvaluationResult& right) {
   for (const SameCaseRow& row : kSameCase) {
-    if (row.kind == left.kind()) return row.add != nullptr ? row.add(left, right) : std::nullopt;
+    if (row.kind == left.kind()) return row.add(left, right);
   }
   return std::nullopt;
 }
@@ -143,7 +195,7 @@ Sum sumOfMixed(const EvaluationResult& left, const EvaluationResult& right) {
   const TokenType second = right.equivalentTokenType();
   for (const MixedRow& row : kMixedSets) {
     const bool fits = (row.first == first && row.second == second) || (row.first == second && row.second == first);
-    if (!fits || row.add == nullptr) continue;
+    if (!fits) continue;
     if (Sum sum = row.add(left, right)) return sum;
   }
   return std::nullopt;

@@ -58,19 +58,24 @@ std::int64_t workdaysBetween(const CalendarEnvironment& environment, Date fromDa
   return workdays;
 }
 
+std::optional<DateComponents> negated(const DateComponents& components) {
+  DateComponents result;
+  for (const Component component : orderedTavrineSupportedComponents) {
+    const auto value = valueOf(components, component);
+    if (!value) continue;
+    if (*value == INT64_MIN) return std::nullopt;
+    setValueOf(result, component, -*value);
+  }
+  return result;
+}
+
 std::optional<Date> dateSubtracting(const CalendarEnvironment& environment, const DateComponents& components,
                                     Date from) {
   if (components.weekday.value_or(0) != 0) {
     return dateBySubtractingWorkdays(environment, *components.weekday, from);
   }
-  DateComponents negated;
-  for (const Component component : orderedTavrineSupportedComponents) {
-    const auto value = valueOf(components, component);
-    if (!value) continue;
-    if (*value == INT64_MIN) return std::nullopt;
-    setValueOf(negated, component, -*value);
-  }
-  const auto date = environment.calendar().dateByAdding(negated, from);
+  const auto opposite = negated(components);
+  const auto date = opposite ? environment.calendar().dateByAdding(*opposite, from) : std::nullopt;
   if (!date) return std::nullopt;
   return *date < from ? *date : from;
 }

@@ -22,6 +22,8 @@ namespace tavrine {
 /// The workdays from the one date on, without the day of the other.
 [[nodiscard]] std::int64_t workdaysBetween(const CalendarEnvironment& environment, Date fromDate, Date toDate);
 
+/// The components with their signs turned; absent where one can't be.
+[[nodiscard]] std::optional<DateComponents> negated(const DateComponents& components);
 /// Goes back by the components, or by workdays where they count those. What wouldn't lead back stays where it is;
 /// absent beyond the limits of the calendar.
 [[nodiscard]] std::optional<Date> dateSubtracting(const CalendarEnvironment& environment,

@@ -9,7 +9,11 @@
 #include "Foundation/Locale.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
+#include "TavrineCore/Parsing/Primitives/DatestampArithmetic.h"
+#include "TavrineCore/Parsing/Primitives/LaptimeArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/SIThreshold.h"
+#include "TavrineCore/Parsing/Primitives/UnitArithmetic.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Primitives/UnitFamilies.h"
 #include "TavrineCore/Parsing/Tokens/AmountMetadata.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
@@ -124,6 +128,10 @@ std::optional<TCUnit> Token::unitValue() const {
 
 std::optional<UnitExpression> Token::unitExpressionValue() const {
   if (const auto* it = metadataAs<UnitExpressionTokenMetadata>()) return it->unitExpression();
+  if (const auto* it = metadataAs<TimespanTokenMetadata>()) return tavrine::unitExpressionValue(it->timespan);
+  if (const auto* it = metadataAs<FrametimeTokenMetadata>()) {
+    return with(UnitIdentifier::seconds, totalSecondsOf(it->frametime));
+  }
   if (!is(TokenType::subexpression) || !subtokens) return std::nullopt;
   const Token* only = subtokens->onlyToken();
   return only != nullptr ? only->unitExpressionValue() : std::nullopt;
@@ -138,7 +146,15 @@ std::optional<Calendar::Component> Token::calendarComponentValue() const {
 
 // --- Dates, times and places ----------------------------------------------------------------------------------------
 
-std::optional<Timespan> Token::timespanValue() const { return fieldOf(*this, &TimespanTokenMetadata::timespan); }
+std::optional<Timespan> Token::timespanValue() const {
+  if (const auto* it = metadataAs<TimespanTokenMetadata>()) return it->timespan;
+  if (const auto* it = metadataAs<DatespanTokenMetadata>()) {
+    return timespanIn(it->calendarEnvironment ? it->calendarEnvironment->calendar() : Calendar::current(),
+                      it->datespan);
+  }
+  const std::optional<UnitExpression> expression = unitExpressionValue();
+  return expression ? timespanOf(*expression) : std::nullopt;
+}
 std::optional<Datespan> Token::datespanValue() const { return fieldOf(*this, &DatespanTokenMetadata::datespan); }
 
 std::optional<DateInterval> Token::dateIntervalValue() const {

@@ -34,7 +34,6 @@ struct BinaryOperandPair {
   std::optional<TokenType> second;
   /// What the tokens have to meet beside their types; null where the types decide alone.
   bool (*alsoRequires)(const PairOperands&) = nullptr;
-  /// Null while operands of these types can't be calculated with: the combination is known and has no answer.
   Evaluation evaluate = nullptr;
 
   [[nodiscard]] constexpr bool acceptsTypes(TokenType left, TokenType right) const {

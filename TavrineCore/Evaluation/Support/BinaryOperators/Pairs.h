@@ -58,6 +58,40 @@ Answer unitExpressionAndRatePair(const PairOperands& operands);
 Answer rateAndPercentagePair(const PairOperands& operands);
 Answer rateAndUnitPair(const PairOperands& operands);
 
+// DatePairs.cpp
+Answer datestampsPair(const PairOperands& operands);
+Answer datestampAndTimespanPair(const PairOperands& operands);
+Answer datestampAndLaptimePair(const PairOperands& operands);
+Answer datestampAndFrametimePair(const PairOperands& operands);
+Answer datestampAndUnitExpressionPair(const PairOperands& operands);
+Answer iso8601Pair(const PairOperands& operands);
+Answer iso8601AndUnitExpressionPair(const PairOperands& operands);
+Answer iso8601AndTimespanPair(const PairOperands& operands);
+
+// TimestampPairs.cpp
+Answer timestampsPair(const PairOperands& operands);
+Answer decimalAndTimestampPair(const PairOperands& operands);
+Answer unitExpressionAndTimestampPair(const PairOperands& operands);
+Answer timespanAndTimestampPair(const PairOperands& operands);
+
+// DurationPairs.cpp
+Answer timespansPair(const PairOperands& operands);
+Answer decimalAndTimespanPair(const PairOperands& operands);
+Answer unitExpressionAndTimespanPair(const PairOperands& operands);
+Answer timespanAndPercentagePair(const PairOperands& operands);
+Answer rateAndTimespanPair(const PairOperands& operands);
+Answer rateAndDatespanPair(const PairOperands& operands);
+Answer rateAndLaptimePair(const PairOperands& operands);
+
+// LaptimePairs.cpp
+Answer laptimesPair(const PairOperands& operands);
+Answer frametimesPair(const PairOperands& operands);
+Answer decimalAndLaptimePair(const PairOperands& operands);
+Answer decimalAndFrametimePair(const PairOperands& operands);
+Answer durationAndLaptimePair(const PairOperands& operands);
+Answer durationAndFrametimePair(const PairOperands& operands);
+Answer unitExpressionAndFrametimesPair(const PairOperands& operands);
+
 // AnglePairs.cpp
 Answer dmsPair(const PairOperands& operands);
 
@@ -83,6 +117,13 @@ Answer errorAndAnything(const PairOperands& operands);
 Answer pendingAndAnything(const PairOperands& operands);
 Answer failedAndAnything(const PairOperands& operands);
 Answer unhandledPair(const PairOperands& operands);
+
+/// The pair with its operand of that type replaced by another token: most pairs hand over to a more general one so.
+template <class Pair>
+Answer handedOver(Pair pair, const PairOperands& operands, TokenType replaced, const Token& by) {
+  if (operands.firstIs(replaced)) return pair({by, operands.secondToken, operands.operatorToken});
+  return pair({operands.firstToken, by, operands.operatorToken});
+}
 
 /// The truth of `first op second` for one of the six comparisons; nothing for another operator.
 template <class Value>

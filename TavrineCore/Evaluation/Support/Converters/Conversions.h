@@ -41,6 +41,26 @@ Token intoDMS(const ConverterOperands& operands);
 Token intoMidi(const ConverterOperands& operands);
 Token intoPitch(const ConverterOperands& operands);
 
+// DurationConversions.cpp
+Token timespanIntoUnit(const ConverterOperands& operands);
+Token intoTimespan(const ConverterOperands& operands);
+Token intoYearsAndMonths(const ConverterOperands& operands);
+Token intoMonthsAndWeeks(const ConverterOperands& operands);
+Token intoMonthsAndDays(const ConverterOperands& operands);
+Token intoWeeksAndDays(const ConverterOperands& operands);
+Token intoDaysAndHours(const ConverterOperands& operands);
+Token intoHoursAndMinutes(const ConverterOperands& operands);
+Token intoLaptime(const ConverterOperands& operands);
+
+// DateConversions.cpp
+/// The moment that many seconds after the start of 1970, in the current zone; an error beyond the calendar.
+Token dateOfUnixTime(const Decimal& seconds);
+Token intoTimestamp(const ConverterOperands& operands);
+Token intoDate(const ConverterOperands& operands);
+Token intoIso8601(const ConverterOperands& operands);
+Token intoDateFormatTemplate(const ConverterOperands& operands);
+Token intoTimezone(const ConverterOperands& operands);
+
 // RoundingConversions.cpp
 Token intoDpRoundedNumber(const ConverterOperands& operands);
 Token rounding(const ConverterOperands& operands);

@@ -1,9 +1,11 @@
 #include <optional>
 
+#include "Foundation/Calendar.h"
 #include "Foundation/DateComponents.h"
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
@@ -26,6 +28,15 @@ Token numberOfTimespan(const Token& token) {
   return only ? TokenFactory::numberWith(Decimal(*only)) : Token();
 }
 
+/// A date that was written as a year alone is that number; any other is worth none.
+Token numberOfDate(const Token& token) {
+  const auto datestamp = token.datestampValue();
+  const CalendarComponentSet yearAlone{Calendar::Component::year};
+  if (!datestamp || calendarComponentsRepresentedBy(datestamp->type) != yearAlone) return Token();
+  const Calendar calendar = Calendar::current().in(datestamp->timezone);
+  return TokenFactory::numberWith(Decimal(calendar.component(Calendar::Component::year, datestamp->date)));
+}
+
 Token inBase(const ConverterOperands& operands, TokenType base) {
   return *tokenInBase(base, unsignedWhole(operands.operand.decimalValue()));
 }
@@ -33,8 +44,7 @@ Token inBase(const ConverterOperands& operands, TokenType base) {
 }  // namespace
 
 Token intoNumber(const ConverterOperands& operands) {
-  // A date is worth no number by itself.
-  if (operands.operand.is(TokenType::datestamp)) return Token();
+  if (operands.operand.is(TokenType::datestamp)) return numberOfDate(operands.operand);
   if (operands.operand.is(TokenType::timespan)) return numberOfTimespan(operands.operand);
   return TokenFactory::numberWith(operands.operand.decimalValue());
 }

@@ -21,7 +21,6 @@ struct TokenConverter {
   std::string_view name;
   TokenSubType requiredConverterSubtype;
   TokenTypeSet permissableOperandTypes;
-  /// Null while such operands can't be converted: they pass unchanged.
   Token (*performConversion)(const ConverterOperands&) = nullptr;
 
   [[nodiscard]] bool accepts(const ConverterOperands& operands) const {

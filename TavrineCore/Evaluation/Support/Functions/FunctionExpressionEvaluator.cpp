@@ -8,6 +8,7 @@
 #include "Foundation/Text.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
+#include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
 #include "TavrineCore/Parsing/Helpers/Scalars.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
@@ -45,10 +46,6 @@ Decimal withoutNoise(const Decimal& value) { return value.rounded(kAngleDecimalP
 
 /// The unit whose square or cube is the unit; absent where there is none.
 using RootUnit = std::optional<TCUnit> (*)(const TCUnit& unit);
-
-/// The moment that many seconds after the start of 1970. Null while no moment can be made from seconds.
-using TokenOfUnixTime = Token (*)(const Decimal& seconds);
-constexpr TokenOfUnixTime kTokenOfUnixTime = nullptr;
 
 std::string canonicalName(std::string_view typed) {
   const bool isArc = typed.starts_with(kArcPrefix);
@@ -134,10 +131,7 @@ std::optional<Token> FunctionExpressionEvaluator::evaluateFunction(const Token& 
     return argument->is(TokenType::boolean) ? *argument : errorToken(EvaluationError::Other);
   }
   const Decimal value = argument->hasDecimalValue() ? argument->decimalValue() : Decimal(0);
-  if (*function == MathFunction::fromunix) {
-    if (kTokenOfUnixTime == nullptr) return std::nullopt;
-    return kTokenOfUnixTime(value);
-  }
+  if (*function == MathFunction::fromunix) return conversions::dateOfUnixTime(value);
   if (const std::optional<EvaluationError> error = domainError(*function, value)) return errorToken(*error);
   return applied(*function, value, *argument);
 }
