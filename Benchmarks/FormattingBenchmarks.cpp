@@ -9,8 +9,10 @@
 #include "Foundation/Locale.h"
 #include "Foundation/TimeZone.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
 #include "TavrineCore/Parsing/Primitives/Fraction.h"
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
+#include "TavrineCore/Parsing/Primitives/Timespan.h"
 #include "TavrineCore/ResultFormatting/CommonFormattedResultsCache.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
@@ -77,6 +79,27 @@ BENCHMARK_CAPTURE(format, FeetAndInches,
     ->Name("BM_Format/FeetAndInches");
 BENCHMARK_CAPTURE(format, Money, amount("1234.5", UnitIdentifier::currencyUSD))
     ->Name("BM_Format/Money");
+
+// What a thread keeps is made in the first round.
+EvaluationResult date(DatestampType type, std::string_view zone, bool isExplicit) {
+  return EvaluationResult::date({.date = Date(1'700'000'000),
+                                 .type = type,
+                                 .timezone = TimeZone(zone),
+                                 .hasExplicitTimeZone = isExplicit});
+}
+
+BENCHMARK_CAPTURE(format, Date, date(DatestampType::dayMonthYear, "GMT", false))
+    ->Name("BM_Format/Date");
+BENCHMARK_CAPTURE(format, TimeElsewhere,
+                  date(DatestampType::clockTime, "Asia/Tokyo", true))
+    ->Name("BM_Format/TimeElsewhere");
+BENCHMARK_CAPTURE(format, UnixTimestamp,
+                  date(DatestampType::unixTimestamp, "America/New_York", false))
+    ->Name("BM_Format/UnixTimestamp");
+BENCHMARK_CAPTURE(format, Timespan,
+                  EvaluationResult::timespan({DateComponents{.minute = 90},
+                                              std::nullopt}))
+    ->Name("BM_Format/Timespan");
 
 void commonResult(benchmark::State &state) {
   const Decimal value(42);
