@@ -136,7 +136,9 @@ std::optional<std::string> DatestampResultFormatter::userProvidedTemplateFormatt
   if (!datestamp.dateFormatTemplate) return std::nullopt;
   DateFormatter formatter(context.locale, datestamp.timezone);
   formatter.setLocalizedDateFormatFromTemplate(*datestamp.dateFormatTemplate);
-  return formatter.string(datestamp.date);
+  std::string text = formatter.string(datestamp.date);
+  if (text.empty()) return std::nullopt;  // a template that no date can be written by
+  return text;
 }
 
 std::optional<std::string> DatestampResultFormatter::modernFormattedResult(const Datestamp& datestamp,

@@ -249,11 +249,18 @@ TEST(DatestampFormatters, TemplatesAreOrderedByTheLocale) {
     std::string_view locale, dateTemplate, want;
   };
   constexpr TemplateCase cases[] = {
-      {"en_US", "dd.MM.yyyy", "03/05/2024"}, {"en_GB", "dd.MM.yyyy", "05/03/2024"},
-      {"de_DE", "dd.MM.yyyy", "05.03.2024"}, {"fr_FR", "dd/MM/yyyy", "05/03/2024"},
-      {"ja_JP", "dd/MM/yyyy", "2024/03/05"}, {"en_US", "EEEE", "Tuesday"},
-      {"en_US", "hmm", "2:30 PM"},           {"en_US", "HHmmz", "14:30 GMT"},
+      {"en_US", "dd.MM.yyyy", "03/05/2024"},
+      {"en_GB", "dd.MM.yyyy", "05/03/2024"},
+      {"de_DE", "dd.MM.yyyy", "05.03.2024"},
+      {"fr_FR", "dd/MM/yyyy", "05/03/2024"},
+      {"ja_JP", "dd/MM/yyyy", "2024/03/05"},
+      {"en_US", "EEEE", "Tuesday"},
+      {"en_US", "hmm", "2:30 PM"},
+      {"en_US", "HHmmz", "14:30 GMT"},
       {"de_DE", "MMMMd", "5. März"},
+      // No template, so the date is shown as if there were none.
+      {"en_US", "", "2024"},
+      {"en_US", "yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy", "2024"},
   };
   for (const TemplateCase& c : cases) {
     const ScopedEnvironment scope(world(c.locale));
