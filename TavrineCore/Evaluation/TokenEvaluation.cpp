@@ -12,6 +12,7 @@
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
 #include "TavrineCore/Evaluation/Support/UnitProducts.h"
+#include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 #include "TavrineCore/Parsing/Helpers/RateExtractor.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/RateType.h"
@@ -56,15 +57,6 @@ Token evaluateConditional(const Token& token) {
   return Token();
 }
 
-/// Phrases are worked out in files of their own. A kind that is null can't be called yet, and comes to nothing.
-struct FunctionEvaluators {
-  /// A phrase of the host's.
-  Token (*customWordFunction)(const Token&) = nullptr;
-  /// "20% of 50".
-  Token (*builtInWordFunction)(const Token&) = nullptr;
-};
-constexpr FunctionEvaluators kFunctionEvaluators;
-
 /// "sqrt(4)": the function gets the name and the evaluated argument.
 Token evaluateFunctionExpression(const Token& token) {
   if (!token.subtokens) return Token();
@@ -76,12 +68,6 @@ Token evaluateFunctionExpression(const Token& token) {
     call.subtokens = TokenList::frozen(std::vector<Token>{*name, argument->evaluated()});
   }
   return FunctionExpressionEvaluator::evaluateFunction(call).value_or(Token());
-}
-
-Token evaluateWordFunction(const Token& token) {
-  const auto evaluator = token.subType == TokenSubType::customWordFunction ? kFunctionEvaluators.customWordFunction
-                                                                           : kFunctionEvaluators.builtInWordFunction;
-  return evaluator != nullptr ? evaluator(token) : Token();
 }
 
 Token evaluateHashtag(const Token& token) {

@@ -7,6 +7,7 @@
 #include "TavrineCore/Customization/Engine/PerCurrentLocale.h"
 #include "TavrineCore/Customization/Engine/StaticResouces.h"
 #include "TavrineCore/Customization/Functions/CustomFunction.h"
+#include "TavrineCore/Customization/Functions/FunctionVendor.h"
 #include "TavrineCore/Customization/Functions/TraditionalFunction.h"
 #include "TavrineCore/Customization/Places/Place.h"
 #include "TavrineCore/Customization/Units/CustomUnit.h"
@@ -38,7 +39,9 @@ bool sameProviders(const EngineCustomization& left, const EngineCustomization& r
 }  // namespace
 
 EngineContent::EngineContent(const EngineCustomization& customization)
-    : traditionalFunctionList([customization] { return TraditionalFunctionList(customization.javaScriptFunctions()); }),
+    : functionList([customization] { return FunctionList(FunctionVendor::functionsFor(customization)); }),
+      customFunctionsList([customization] { return CustomFunctionsList(customization.customFunctions()); }),
+      traditionalFunctionList([customization] { return TraditionalFunctionList(customization.javaScriptFunctions()); }),
       dateWordsList([locale = customization.locale()] { return dateWordsFor(locale); }),
       // In words, people count in the language of their machine, whatever the sheet is set to.
       numberWordsList([] { return NumberWordsList(Locale::current()); }),

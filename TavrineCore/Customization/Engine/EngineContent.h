@@ -8,6 +8,8 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/LocaleMetadata.h"
 #include "TavrineCore/Customization/Fixtures/FixturesList.h"
+#include "TavrineCore/Customization/Functions/CustomFunctionsList.h"
+#include "TavrineCore/Customization/Functions/FunctionList.h"
 #include "TavrineCore/Customization/Functions/TraditionalFunctionList.h"
 #include "TavrineCore/Customization/Units/UnitList.h"
 #include "TavrineCore/Customization/Places/PlaceList.h"
@@ -27,6 +29,8 @@ struct EngineContent {
   /// The content of `EngineCustomization::basic()`, one a current locale.
   static std::shared_ptr<const EngineContent> basic();
 
+  Lazy<FunctionList> functionList;
+  Lazy<CustomFunctionsList> customFunctionsList;
   Lazy<TraditionalFunctionList> traditionalFunctionList;
   Lazy<DateWordsList> dateWordsList;
   Lazy<NumberWordsList> numberWordsList;

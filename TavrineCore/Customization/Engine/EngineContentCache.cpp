@@ -29,6 +29,10 @@ std::shared_ptr<const EngineContent> newContentFor(const EngineCustomization& ne
       break;
   }
   if (reuse.placeList != ListReuse::keep) content->placeList = placeListWith(newCustomization.customPlaces());
+  if (reuse.customFunctionsList == ListReuse::rebuild) {
+    content->customFunctionsList = Lazy<CustomFunctionsList>(
+        [functions = newCustomization.customFunctions()] { return CustomFunctionsList(functions); });
+  }
   return content;
 }
 

@@ -56,6 +56,8 @@ struct Readers {
       [](StringMap<std::string>& english, const StringMap<std::string>& localized) {
         for (const auto& [abbreviation, hours] : localized) english[abbreviation] = hours;
       }};
+  ResourceReader<std::vector<FunctionDescription>> functions{
+      "Failed to function descriptions JSON: ", &StaticResouces::functionsFrom, &append<FunctionDescription>};
 };
 
 Readers& readers() {
@@ -112,6 +114,14 @@ std::optional<UnitShorthand> unitShorthandFrom(const Json& object) {
   const std::string* const identifier = stringOf(object, "identifier");
   if (!aliases || identifier == nullptr) return std::nullopt;
   return UnitShorthand{.aliases = *std::move(aliases), .identifier = *identifier};
+}
+
+std::optional<FunctionDescription> functionDescriptionFrom(const Json& object) {
+  auto phrases = stringsOf(object, "prototypeExpressions");
+  const std::string* const name = stringOf(object, "identifier");
+  const auto identifier = name == nullptr ? std::nullopt : functionIdentifierNamed(*name);
+  if (!phrases || !identifier) return std::nullopt;
+  return FunctionDescription{.identifier = *identifier, .prototypeExpressions = *std::move(phrases)};
 }
 
 std::string errorOf(const JsonParseResult& parsed) {
@@ -241,6 +251,14 @@ DecodedResource<StringMap<std::string>> StaticResouces::timeZoneAbbreviationsFro
     result[lowercased(member.key)] = *hours;
   }
   return {std::move(result), {}};
+}
+
+std::shared_ptr<const std::vector<FunctionDescription>> StaticResouces::localizedFunctions() {
+  return contentNamed("FunctionDescriptions", &Readers::functions);
+}
+
+DecodedResource<std::vector<FunctionDescription>> StaticResouces::functionsFrom(std::string_view bytes) {
+  return elementsFrom<FunctionDescription>(bytes, &functionDescriptionFrom);
 }
 
 DecodedResource<LocalizableFixtureSet> StaticResouces::localizedFixtureSetFrom(std::string_view bytes) {

@@ -8,6 +8,7 @@
 #include "TavrineCore/Customization/Currencies/CurrencyDescription.h"
 #include "TavrineCore/Customization/Engine/ResourceReader.h"
 #include "TavrineCore/Customization/Fixtures/LocalizableFixture.h"
+#include "TavrineCore/Customization/Functions/FunctionDescription.h"
 #include "TavrineCore/Customization/Units/UnitDescription.h"
 #include "TavrineCore/Parsing/Primitives/SpecialDay.h"
 
@@ -33,6 +34,8 @@ class StaticResouces {
   static std::shared_ptr<const std::vector<UnitDescription>> localizedUnitDescriptions();
   /// "LocalizedUnitShorthands": more words for some of them. Never null.
   static std::shared_ptr<const std::vector<UnitShorthand>> localizedUnitShorthands();
+  /// "FunctionDescriptions": the phrases of the built-in functions. Never null.
+  static std::shared_ptr<const std::vector<FunctionDescription>> localizedFunctions();
 
   /// "Cities", "Countries", "States": places as they stand in the files. Never null.
   static std::shared_ptr<const PlaceRows> localizedCities();
@@ -58,6 +61,8 @@ class StaticResouces {
   static DecodedResource<std::vector<UnitDescription>> unitDescriptionsFrom(std::string_view bytes);
   /// An array of {"aliases", "identifier"}.
   static DecodedResource<std::vector<UnitShorthand>> unitShorthandsFrom(std::string_view bytes);
+  /// An array of {"identifier", "prototypeExpressions"}.
+  static DecodedResource<std::vector<FunctionDescription>> functionsFrom(std::string_view bytes);
 };
 
 }  // namespace tavrine

@@ -1,5 +1,6 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeMatching.h"
 
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <variant>
@@ -125,14 +126,19 @@ std::optional<TokenSlice> PrototypeSequenceMatcher::matchRegularSequence(const P
 
 std::optional<TokenSlice> PrototypeSequenceMatcher::matchGreedySequence(const PrototypeSequence& sequence,
                                                                         std::size_t endIndex) {
+  const TokenList& list = tokens_.list();
   const auto& prototypes = sequence.prototypes();
+  std::vector<Token> backwards;
   std::size_t behind = endIndex + 1;  // one past the token that is next to be tested
   for (auto prototype = prototypes.rbegin(); prototype != prototypes.rend(); ++prototype) {
     if (behind == 0 || !tokens_.matchesAt(behind - 1, **prototype)) return std::nullopt;
-    --behind;
-    if ((*prototype)->kind() == Kind::dynamicPlace) behind = startOfPlaceName(tokens_.list(), behind);
+    const std::size_t last = --behind;
+    if ((*prototype)->kind() == Kind::dynamicPlace) behind = startOfPlaceName(list, last);
+    const bool isName = (*prototype)->kind() == Kind::dynamicPlace && !list[last].is(TokenType::timezone);
+    backwards.push_back(isName ? list.slice(behind, last).embedInContainerToken(TokenType::dynamicPlace) : list[last]);
   }
-  return tokens_.list().slice(behind, endIndex);
+  return TokenSlice{
+      {std::make_move_iterator(backwards.rbegin()), std::make_move_iterator(backwards.rend())}, behind, endIndex};
 }
 
 }  // namespace tavrine

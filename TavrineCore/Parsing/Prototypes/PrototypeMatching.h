@@ -50,6 +50,7 @@ class PrototypeSequenceMatcher {
   explicit PrototypeSequenceMatcher(const TokenList& list) : tokens_(list) {}
 
   struct Match {
+    /// One token for each position of the phrase: the words of a place are one token.
     TokenSlice slice;
     PrototypeSequenceRef sequence;
   };

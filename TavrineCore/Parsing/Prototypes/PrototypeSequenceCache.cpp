@@ -81,13 +81,13 @@ PrototypeSequenceRef phraseOfVariable(std::string_view name) {
 
 }  // namespace
 
-std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function> functions) {
+std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function* const> functions) {
   std::vector<PrototypeSequenceRef> sequences;
   sequences.reserve(functions.size());
-  for (const Function& function : functions) {
+  for (const Function* function : functions) {
     const PrototypeSequenceRef phrase =
-        wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction);
-    sequences.push_back(phrase->withMetadata(function));
+        wordFunctionSequenceCache().phraseFor(function->prototypeExpression, phraseOfFunction);
+    sequences.push_back(phrase->withMetadata(*function));
   }
   return sequences;
 }

@@ -18,7 +18,7 @@ class PrototypeSequenceCache {
   static constexpr std::size_t kMaximumVariablePhrases = 2'000;
 
   /// A sequence for each function, in their order.
-  [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const Function> functions);
+  [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const Function* const> functions);
   /// A sequence for each phrase of each function: its own, then its aliases.
   [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const CustomFunction> functions);
   /// The words of the variable's name; null for a name that no phrase can be made of.

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
@@ -56,16 +57,26 @@ void rememberTypesInside(const std::string& word, TokenList& list, const PassCon
 
 void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContext& context) {
   const FixturesList& fixtures = *context.content.fixturesList;
-  const auto isPhrase = [&fixtures](std::string_view text) {
+  const CustomFunctionsList* const custom =
+      context.customization.customFunctions().empty() ? nullptr : context.content.customFunctionsList.get();
+  const auto isPhrase = [&fixtures, custom](std::string_view text) {
+    if (custom != nullptr && custom->customTypeFor(text) != nullptr) return true;
     const std::optional<Fixture> fixture = fixtures.find(text);
     return fixture && relatedTokenType(*fixture);
   };
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!TokenTypeSet::typesInMultiWordFixtures.contains(list[i].type)) continue;
-    if (!fixtures.beginsMultiWordFixture(list[i].stringValue)) continue;
+    const std::string& word = list[i].stringValue;
+    const bool beginsPhrase =
+        fixtures.beginsMultiWordFixture(word) || (custom != nullptr && custom->beginsMultiWordCustomType(word));
+    if (!beginsPhrase) continue;
     const std::optional<TokenSlice> phrase =
         list.findPhraseTextBeginningWith(i, TokenTypeSet::typesInMultiWordFixtures, isPhrase, kMaximumWords);
     if (!phrase) continue;
+    if (const CustomType* type = custom == nullptr ? nullptr : custom->customTypeFor(phrase->stringValue())) {
+      list.replace(*phrase, customTypeToken(*type, phrase->stringValue(), phrase->range()));
+      continue;
+    }
     if (std::optional<Token> token = tokenOfPhrase(phrase->stringValue(), phrase->range(), context)) {
       list.replace(*phrase, *std::move(token));
     }

@@ -12,6 +12,7 @@
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Helpers/Scalars.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Squad/Nesting.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -37,14 +38,6 @@ constexpr TokenTypeSet kScalableTypes{TokenType::number, TokenType::unitExpressi
 bool endsWithScalar(const Token& name) {
   return !name.stringValue.empty() &&
          Scalars::isValid(std::string_view(name.stringValue).substr(name.stringValue.size() - 1));
-}
-
-/// How many lists lie inside of one another below the token.
-std::size_t nestingOf(const Token& token) {
-  if (!token.subtokens) return 0;
-  std::size_t deepest = 0;
-  for (const Token& inner : *token.subtokens) deepest = std::max(deepest, nestingOf(inner));
-  return deepest + 1;
 }
 
 class CallFinder {

@@ -158,6 +158,14 @@ void identifyLabelExpressionsIn(TokenList& list, const PassContext& context);
 /// "1, 2 and 3" behind a word that works on lists → `list`. One value alone is none.
 void identifyLists(TokenList& list, const PassContext& context);
 
+// WordFunctionPasses.cpp
+/// Phrases of hosts that hold "and" or "or", before a list is made of what stands around these words.
+void identifyCustomWordFunctionsWithConjunctionWordsBeforeListsAreIdentified(TokenList& list,
+                                                                             const PassContext& context);
+/// "20% of 50" → `wordFunction`, in every list. Counts on all values being tokens of their types, and on converters
+/// not having taken "in" and "to".
+void identifyWordFunctionsIn(TokenList& list, const PassContext& context);
+
 // ConverterPasses.cpp
 /// "in km", "as a fraction" → `converter`, where something stands to convert. Counts on: phrases that hold "in" or "to"
 /// are functions by now.

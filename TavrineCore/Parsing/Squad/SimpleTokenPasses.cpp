@@ -163,7 +163,21 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
               std::make_shared<const SubsheetTokenMetadata>(*std::move(subsheet))};
     }
   }
+  if (!context.customization.customFunctions().empty()) {
+    if (const CustomType* custom = context.content.customFunctionsList->customTypeFor(fragment)) {
+      return customTypeToken(*custom, std::string(fragment), range);
+    }
+  }
   return fixtureToken(fragment, range, context);
+}
+
+Token customTypeToken(const CustomType& type, std::string text, NSRange range) {
+  return {TokenType::customType,
+          TokenSubType::notSpecified,
+          std::move(text),
+          range,
+          nullptr,
+          std::make_shared<const CustomTypeTokenMetadata>(type)};
 }
 
 TokenList commentOver(std::string_view line) {

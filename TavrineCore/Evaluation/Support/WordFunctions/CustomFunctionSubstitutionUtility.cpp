@@ -1,0 +1,77 @@
+#include "TavrineCore/Evaluation/Support/WordFunctions/CustomFunctionSubstitutionUtility.h"
+
+#include <cstddef>
+#include <iterator>
+#include <utility>
+
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequence.h"
+#include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
+#include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
+#include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
+
+namespace tavrine {
+
+const TokenTypeSet CustomFunctionSubstitutionUtility::illegalArgumentTokenTypes =
+    TokenTypeSet::commentTokenTypes | TokenTypeSet{TokenType::whitespace,
+                                                   TokenType::wordComment,
+                                                   TokenType::unidentified,
+                                                   TokenType::operator_,
+                                                   TokenType::converterSymbol,
+                                                   TokenType::prepositionWord,
+                                                   TokenType::conjunctionWord,
+                                                   TokenType::grammerArticleWord,
+                                                   TokenType::percentageSymbol,
+                                                   TokenType::ordinalSuffix,
+                                                   TokenType::comma,
+                                                   TokenType::dot,
+                                                   TokenType::semicolon,
+                                                   TokenType::colon,
+                                                   TokenType::equals,
+                                                   TokenType::bracket,
+                                                   TokenType::quotationMark};
+
+namespace {
+
+/// The value of a variable, so that its name needs no looking up later.
+Token valueOf(const Token& token) {
+  if (const std::optional<Variable> variable = token.variable()) {
+    if (std::optional<Token> value = tokenOfDefinition(*variable)) return *std::move(value);
+  }
+  return token.evaluated();
+}
+
+}  // namespace
+
+std::optional<std::vector<CustomFunctionArgument>> CustomFunctionSubstitutionUtility::functionArgumentsFor(
+    const Token& customFunctionToken) {
+  const auto* call = customFunctionToken.metadataAs<CustomFunctionTokenMetadata>();
+  if (call == nullptr || !customFunctionToken.subtokens) return std::nullopt;
+  return functionArgumentsFor(*customFunctionToken.subtokens, *call->sequence);
+}
+
+std::vector<CustomFunctionArgument> CustomFunctionSubstitutionUtility::functionArgumentsFor(
+    const TokenList& tokenList, const PrototypeSequence& matchedSequence) {
+  std::vector<CustomFunctionArgument> arguments;
+  const auto& prototypes = matchedSequence.prototypes();
+  if (prototypes.size() != tokenList.count()) return arguments;
+  for (std::size_t i = 0; i < prototypes.size(); ++i) {
+    const Token& token = tokenList[i];
+    if (prototypes[i]->kind() == TokenPrototype::Kind::literal) continue;
+    if (illegalArgumentTokenTypes.contains(token.type)) continue;
+    if (prototypes[i]->kind() == TokenPrototype::Kind::subExpression && token.subtokens) {
+      const auto& inside = static_cast<const SubExpressionTokenPrototype&>(*prototypes[i]).prototypeSequence();
+      std::vector<CustomFunctionArgument> found = functionArgumentsFor(*token.subtokens, inside);
+      arguments.insert(arguments.end(), std::move_iterator(found.begin()), std::move_iterator(found.end()));
+      continue;
+    }
+    Token value = valueOf(token);
+    EvaluationResult result = value.evaluationResult();
+    if (result.is(EvaluationResultCase::none)) continue;
+    arguments.push_back({std::move(value), std::move(result)});
+  }
+  return arguments;
+}
+
+}  // namespace tavrine

@@ -1,0 +1,14 @@
+#include "TavrineCore/Evaluation/Support/WordFunctions/Handlers.h"
+
+#include <array>
+
+namespace tavrine {
+
+std::span<const WordFunctionHandler* const> allWordFunctionHandlers() {
+  static constexpr std::array kHandlers{
+      &kBasicFunctionHandler,
+  };
+  return kHandlers;
+}
+
+}  // namespace tavrine

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+
+#include "TavrineCore/Evaluation/Support/WordFunctions/WordFunctionHandler.h"
+
+namespace tavrine {
+
+/// The families, each in a source file of its own.
+extern const WordFunctionHandler kBasicFunctionHandler;
+
+/// All of them; no function is in two.
+std::span<const WordFunctionHandler* const> allWordFunctionHandlers();
+
+}  // namespace tavrine

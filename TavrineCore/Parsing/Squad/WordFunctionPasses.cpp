@@ -1,0 +1,215 @@
+// Phrases become calls: "20% of 50" → one `wordFunction` over the percentage, the word and the number.
+//
+// A list is looked through from its end to its start, and at each token the phrases that end there are tried by rank,
+// so that in "half of 20% of 50" the phrase on the right is a token before the one on the left takes it as its
+// argument. Cheap questions come first: whether the list can hold a phrase at all, which phrases have all their words
+// in it, which of those have the values that they want; what is left is matched token by token, ends first.
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "TavrineCore/Customization/Engine/EngineContent.h"
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Functions/CustomFunctionsList.h"
+#include "TavrineCore/Customization/Functions/FunctionList.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeMatching.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
+#include "TavrineCore/Parsing/Squad/Nesting.h"
+#include "TavrineCore/Parsing/Squad/PassContext.h"
+#include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
+#include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+
+namespace tavrine {
+
+namespace {
+
+using Sequences = std::vector<PrototypeSequenceRef>;
+
+/// Tokens whose inside is a line of its own.
+constexpr TokenTypeSet kListsWithPhrases{TokenType::subexpression, TokenType::functionExpression, TokenType::list,
+                                         TokenType::conditionalExpression};
+
+constexpr TokenTypeSet kConjunctions{TokenType::conjunctionWord};
+
+/// The type that a phrase sees: a variable counts as what it stands for.
+TokenType effectiveTypeOf(const Token& token) {
+  if (!token.is(TokenType::variable)) return token.type;
+  const std::optional<Variable> variable = token.variable();
+  const std::optional<Token> value = variable ? tokenOfDefinition(*variable) : std::nullopt;
+  return value ? value->type : token.type;
+}
+
+bool worthScanningForWordFunctionsIn(const TokenList& list) {
+  if (!list.anyTypesHaveBeenPresentIn(TokenTypeSet::typesInWordOperators)) return false;
+  if (list.onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace)) return false;
+  if (list.count() == 1 && TokenTypeSet::validAnswerProducingTypes.contains(list[0].type)) return false;
+  return !std::all_of(list.begin(), list.end(), [](const Token& token) {
+    return TokenTypeSet::definitelyNotAWordFunctionIfOnlyTheseTypesPresent.contains(effectiveTypeOf(token));
+  });
+}
+
+/// The phrases of hosts: few, so that each is asked for its words.
+void appendCustomSequences(const TokenList& list, const CustomFunctionsList& functions, Sequences& sequences) {
+  std::vector<CustomFunction> worthScanning;
+  for (const CustomFunction& function : functions.customFunctions()) {
+    const auto& prerequisites = function.prerequisiteTypes();
+    if (prerequisites == nullptr || list.allTypesHaveBeenPresentIn(*prerequisites)) worthScanning.push_back(function);
+  }
+  if (worthScanning.empty()) return;
+  const StringSet& words = list.allStrings(/*lowercased=*/true);
+  for (PrototypeSequenceRef& sequence : PrototypeSequenceCache::sequencesFor(worthScanning)) {
+    const bool saysAll = std::all_of(sequence->wordsPresent().begin(), sequence->wordsPresent().end(),
+                                     [&words](const std::string& word) { return words.contains(word); });
+    if (saysAll) sequences.push_back(std::move(sequence));
+  }
+}
+
+/// Finds and wraps the calls of one list.
+class CallWrapper {
+ public:
+  /// `depth` is the nesting around the list.
+  CallWrapper(TokenList& list, const PassContext& context, std::size_t depth)
+      : list_(list), context_(context), depth_(depth) {}
+
+  void wrap(Sequences sequences) {
+    bool hasWrapped = false;
+    drop(sequences);
+    for (std::size_t end = list_.count(); end > 0 && !sequences.empty();) {
+      PrototypeSequenceMatcher matcher(list_);
+      std::optional<PrototypeSequenceMatcher::Match> match;
+      for (; end > 0 && !match; --end) match = matcher.findSliceMatching(sequences, end - 1);
+      if (!match) break;
+      if (!replace(*match)) continue;
+      hasWrapped = true;
+      drop(sequences);
+      // Nothing has changed for phrases that end farther right than one that begins with the new token reaches.
+      end = std::min(list_.count(), match->slice.startIndex + longestOf(sequences));
+    }
+    if (hasWrapped) rebuildTypesCache();
+  }
+
+ private:
+  /// Leaves only what can still match: enough tokens, and the types that the gaps want.
+  void drop(Sequences& sequences) const {
+    std::erase_if(sequences, [this](const PrototypeSequenceRef& sequence) {
+      return sequence->prototypes().size() > list_.count() || !sequence->typesWereIn(list_);
+    });
+  }
+
+  [[nodiscard]] static std::size_t longestOf(const Sequences& sequences) {
+    std::size_t longest = 1;
+    for (const PrototypeSequenceRef& sequence : sequences) longest = std::max(longest, sequence->prototypes().size());
+    return longest + 2 * kMaximumPhraseWords;  // a place may have many words
+  }
+
+  /// Whether the call could be made: it can't where calls would nest too deep.
+  bool replace(const PrototypeSequenceMatcher::Match& match) {
+    std::size_t inside = 0;
+    for (const Token& token : match.slice.tokens) inside = std::max(inside, nestingOf(token));
+    if (depth_ + inside + 2 > kMaximumNesting) return false;
+
+    Token call(TokenType::wordFunction, TokenSubType::builtInWordFunction, match.slice.stringValue(),
+               match.slice.range(), TokenList::frozen(match.slice.tokens));
+    const auto& metadata = *match.sequence->metadata();
+    if (const auto* function = std::get_if<Function>(&metadata)) {
+      call.metadata =
+          std::make_shared<const WordFunctionTokenMetadata>(*function, match.sequence, context_.customization);
+    } else {
+      call.subType = TokenSubType::customWordFunction;
+      call.metadata = std::make_shared<const CustomFunctionTokenMetadata>(std::get<CustomFunction>(metadata),
+                                                                          match.sequence, context_.customization);
+    }
+    list_.replaceRun(match.slice.startIndex, match.slice.endIndex, std::move(call));
+    rememberReturnTypeOf(match.sequence->functionIdentifier());
+    return true;
+  }
+
+  void rememberReturnTypeOf(std::optional<FunctionIdentifier> identifier) {
+    const std::optional<TokenType> returned = identifier ? returnTypeOf(*identifier) : std::nullopt;
+    if (!returned) return;
+    TokenTypeSet types = list_.typesEverPresent();
+    types.insert(*returned);
+    list_.replaceTypesCache(types);
+  }
+
+  void rebuildTypesCache() {
+    TokenTypeSet types;
+    for (const Token& token : list_) {
+      types.insert(token.type);
+      types.insert(effectiveTypeOf(token));
+      const std::optional<FunctionIdentifier> identifier = token.functionIdentifier();
+      if (const auto returned = identifier ? returnTypeOf(*identifier) : std::nullopt) types.insert(*returned);
+    }
+    list_.replaceTypesCache(types);
+  }
+
+  TokenList& list_;
+  const PassContext& context_;
+  const std::size_t depth_;
+};
+
+using SequencesFor = Sequences (*)(const TokenList& list, const PassContext& context);
+
+Sequences allSequencesFor(const TokenList& list, const PassContext& context) {
+  Sequences sequences;
+  if (!worthScanningForWordFunctionsIn(list)) return sequences;
+  const auto& mapper = context.content.functionList->numericalKeywordMapper();
+  sequences = PrototypeSequenceCache::sequencesFor(mapper.wordFunctionsWorthScanningForIn(list, context.features));
+  if (!context.customization.customFunctions().empty()) {
+    appendCustomSequences(list, *context.content.customFunctionsList, sequences);
+  }
+  return sequences;
+}
+
+Sequences sequencesWithConjunctionsFor(const TokenList& list, const PassContext& context) {
+  Sequences sequences;
+  if (!list.anyTypesHaveBeenPresentIn(kConjunctions) || !worthScanningForWordFunctionsIn(list)) return sequences;
+  appendCustomSequences(list, *context.content.customFunctionsList, sequences);
+  std::erase_if(sequences, [](const PrototypeSequenceRef& sequence) {
+    return !sequence->typesPresent().containsTypesFrom(kConjunctions);
+  });
+  return sequences;
+}
+
+/// Wraps the calls of the list and of those inside of it, inner lists first.
+void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
+  for (std::size_t i = list.count(); i-- > 0;) {
+    const Token& token = list[i];
+    if (!token.subtokens || !kListsWithPhrases.contains(token.type)) continue;
+    TokenList inside = *token.subtokens;
+    const std::uint64_t before = inside.modificationCount();
+    wrapCallsIn(inside, context, sequencesFor, depth + 1);
+    if (inside.modificationCount() == before) continue;
+    Token edited = token;
+    edited.subtokens = TokenList::frozen(std::move(inside));
+    list.replaceAt(i, std::move(edited));
+  }
+  Sequences sequences = sequencesFor(list, context);
+  if (!sequences.empty()) CallWrapper(list, context, depth).wrap(std::move(sequences));
+}
+
+}  // namespace
+
+namespace passes {
+
+void identifyCustomWordFunctionsWithConjunctionWordsBeforeListsAreIdentified(TokenList& list,
+                                                                             const PassContext& context) {
+  if (context.customization.customFunctions().empty()) return;
+  wrapCallsIn(list, context, sequencesWithConjunctionsFor, 0);
+}
+
+void identifyWordFunctionsIn(TokenList& list, const PassContext& context) {
+  wrapCallsIn(list, context, allSequencesFor, 0);
+}
+
+}  // namespace passes
+
+}  // namespace tavrine
