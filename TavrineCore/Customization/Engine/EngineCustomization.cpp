@@ -238,6 +238,11 @@ void EngineCustomization::setCurrencySet(CurrencySet set) {
   change([&](Fields& fields) { fields.currencySet = set; });
 }
 
+std::vector<UnitSymbolReplacement> EngineCustomization::customSymbols() const {
+  const std::vector<UnitSymbolReplacement>* const own = currencySymbolSettings().symbols();
+  return own != nullptr ? *own : UnitSymbolReplacement::standardCustomSymbolsFor(locale());
+}
+
 EngineCustomization EngineCustomization::convertTo(const Locale& locale) const {
   if (locale == this->locale()) return *this;
   EngineCustomization result = *this;

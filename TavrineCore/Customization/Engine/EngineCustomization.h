@@ -105,6 +105,9 @@ class EngineCustomization {
     setFeatureFlags(flags);
   }
 
+  /// The signs of money in force: the host's list, or those of the locale.
+  std::vector<UnitSymbolReplacement> customSymbols() const;
+
   /// The same for another locale and its calendar; itself when the locale is the same.
   EngineCustomization convertTo(const Locale& locale) const;
 
