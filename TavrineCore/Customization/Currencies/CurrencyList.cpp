@@ -41,6 +41,27 @@ constexpr UnitIdentifierSet allMoneyWithout(std::initializer_list<UnitIdentifier
   return result;
 }
 
+// Names and codes of money that people write before a number with another meaning, in lower case.
+constexpr auto kOrdinaryWords = std::to_array<std::string_view>({
+    "bam",
+    "cad",
+    "cop",
+    "dash",
+    "gel",
+    "imp",
+    "mad",
+    "mop",
+    "neo",
+    "pen",
+    "php",
+    "sol",
+    "sos",
+    "std",
+    "try",
+    "won",
+});
+static_assert(std::ranges::is_sorted(kOrdinaryWords));
+
 std::string_view withoutPrefix(UnitIdentifier identifier) {
   return toString(identifier).substr(kIdentifierPrefix.size());
 }
@@ -82,6 +103,10 @@ constinit const UnitIdentifierSet CurrencyList::commodities = {currencyXAG, curr
 constinit const UnitIdentifierSet CurrencyList::fractionalCurrencies = kFractions;
 constinit const UnitIdentifierSet CurrencyList::currenciesThatMustBeUppercased = {currencyTOP, currencyBOB,
                                                                                   currencyDOT};
+
+bool CurrencyList::isOrdinaryWordBeforeNumbers(std::string_view text) {
+  return std::ranges::binary_search(kOrdinaryWords, text);
+}
 
 std::span<const FractionalCurrency> CurrencyList::fractionalCurrencyRecords() { return kFractionalCurrencies; }
 

@@ -40,6 +40,9 @@ class CurrencyList final : public CurrencyRateProvider {
   /// Those whose codes are ordinary words in lower case: "top", "Bob", "dot".
   static const UnitIdentifierSet currenciesThatMustBeUppercased;
 
+  /// Whether the text names money only behind a number: "5000 won", but not "we won 5 games".
+  static bool isOrdinaryWordBeforeNumbers(std::string_view text);
+
   static std::span<const FractionalCurrency> fractionalCurrencyRecords();
   /// "EUR" to `currencyEUR`, "cents" to `currencyDollarCents`.
   static const StringMap<UnitIdentifier>& currencyIdentifiersByCode();

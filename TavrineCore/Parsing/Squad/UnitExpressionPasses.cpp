@@ -52,6 +52,11 @@ constexpr std::array<Shape, 4> kShapes{{{false, true}, {true, true}, {false, fal
 
 bool isCurrency(const Token& token) { return isUnitOfType(token, UnitType::currency); }
 
+/// "$" in "$5", but neither "km" in "km 5" nor "won" in "we won 5 games".
+bool standsBeforeNumbers(const Token& token) {
+  return isCurrency(token) && !CurrencyList::isOrdinaryWordBeforeNumbers(token.stringValue);
+}
+
 /// "$", but not "USD".
 bool isSymbolicCurrencyUnit(const Token& token) {
   return token.is(TokenType::unit) && isCurrency(token) && isSingleCluster(token.stringValue);
@@ -105,7 +110,7 @@ void wrapAmounts(TokenList& list, Shape shape) {
     const std::size_t unit = shape.unitComesFirst ? *start : i;
     const std::size_t number = shape.unitComesFirst ? i : *start;
     if (unitIn(list[unit]) == nullptr || list[number].metadataAs<NumberTokenMetadata>() == nullptr) continue;
-    if (shape.unitComesFirst && !isCurrency(list[unit])) continue;
+    if (shape.unitComesFirst && !standsBeforeNumbers(list[unit])) continue;
 
     std::size_t first = *start;
     if (!shape.unitComesFirst && isNamedCurrencyUnit(list[unit])) {
