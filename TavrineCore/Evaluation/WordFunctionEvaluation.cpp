@@ -39,7 +39,7 @@ Token evaluateCustom(const Token& token) {
 
 Token evaluateBuiltIn(const Token& token) {
   const auto* call = token.metadataAs<WordFunctionTokenMetadata>();
-  if (call == nullptr || !token.subtokens) return Token();
+  if (call == nullptr || call->sequence == nullptr || !token.subtokens) return Token();
   std::vector<Token> arguments;
   for (CustomFunctionArgument& argument :
        CustomFunctionSubstitutionUtility::functionArgumentsFor(*token.subtokens, *call->sequence)) {

@@ -36,8 +36,11 @@ PrototypeSequenceRef phrase(std::string_view text, Mode mode = Mode::arithmeticE
   return PrototypeSequenceGenerator::sequenceFor(text, mode);
 }
 
+/// A line whose own phrases have not become calls.
 TokenList lineOf(std::string_view text) {
-  return Parser(EngineCustomization::usStandard()).tokensFor(text, VariableList());
+  EngineCustomization customization = EngineCustomization::usStandard();
+  customization.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.wordFunctions = false; });
+  return Parser(customization).tokensFor(text, VariableList());
 }
 
 bool matches(std::string_view text, std::string_view line, Mode mode = Mode::arithmeticEntity) {
@@ -317,8 +320,9 @@ TEST(PrototypeSequenceCache, AliasesAndFunctionsKeepTheirPlace) {
   const std::array custom{CustomFunction(fields)};
   EXPECT_EQ(PrototypeSequenceCache::sequencesFor(custom).size(), 3u);
 
-  const std::array functions{Function{"half of __decimal", FunctionIdentifier::halfOf},
-                             Function{"half of __decimal", FunctionIdentifier::midpoint}};
+  const Function half{"half of __decimal", FunctionIdentifier::halfOf};
+  const Function middle{"half of __decimal", FunctionIdentifier::midpoint};
+  const std::array functions{&half, &middle};
   const auto sequences = PrototypeSequenceCache::sequencesFor(functions);
   ASSERT_EQ(sequences.size(), 2u);
   EXPECT_EQ(sequences[0]->functionIdentifier(), FunctionIdentifier::halfOf);
@@ -343,7 +347,8 @@ TEST(PrototypeSequenceCache, ServesManyThreads) {
       threads.emplace_back([&seen, t] {
         for (int round = 0; round < kRounds; ++round) {
           const std::string number = std::to_string(round);
-          const std::array functions{Function{"threads share phrase " + number, FunctionIdentifier::halfOf}};
+          const Function function{"threads share phrase " + number, FunctionIdentifier::halfOf};
+          const std::array functions{&function};
           const std::array custom{customFunction("threads share custom phrase " + number, t)};
           const Variable variable("threads share name " + number, std::nullopt, Variable::VariableType::local);
           seen[static_cast<std::size_t>(t)].push_back(

@@ -47,7 +47,7 @@ Token valueOf(const Token& token) {
 std::optional<std::vector<CustomFunctionArgument>> CustomFunctionSubstitutionUtility::functionArgumentsFor(
     const Token& customFunctionToken) {
   const auto* call = customFunctionToken.metadataAs<CustomFunctionTokenMetadata>();
-  if (call == nullptr || !customFunctionToken.subtokens) return std::nullopt;
+  if (call == nullptr || call->sequence == nullptr || !customFunctionToken.subtokens) return std::nullopt;
   return functionArgumentsFor(*customFunctionToken.subtokens, *call->sequence);
 }
 
