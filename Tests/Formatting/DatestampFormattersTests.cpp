@@ -134,6 +134,7 @@ TEST(DatestampFormatters, InTheStyleOfTheLocale) {
       {dayMonthYear, "2025-12-25", "25 décembre 2025", "fr_FR"},
       {dayMonthYear, "2025-12-25", "2025年12月25日", "ja_JP"},
       {dayMonthYear, "2025-12-25", "25 декабря 2025 г.", "ru_RU"},
+      {dayMonthYear, "2025-12-25", "25 ธันวาคม ค.ศ. 2025", "th_TH"},  // not the Buddhist year 2568
       {nextWeek, "2026-06-17", "17 June"},
       {dayMonthYear, "1492-10-12", "October 12, 1492"},
       {dayMonthYear, "9999-12-31", "December 31, 9999"},
@@ -232,6 +233,8 @@ TEST(DatestampFormatters, Zones) {
       // The rule beyond the table of the zone file.
       {dayMonthYearWithClockTimeDownToMinutes, "America/New_York", "2040-07-04 16:00", true,
        "July 4, 2040 at 12:00 PM"},
+      // Summer time came back to Egypt in 2023.
+      {dayMonthYearWithClockTimeDownToMinutes, "Africa/Cairo", "2024-07-01 12:00", true, "July 1, 2024 at 3:00 PM"},
       {unixTimestamp, "America/New_York", "2023-11-14 22:13:20", false,
        "November 14, 2023 at 5:13:20 PM Eastern Standard Time"},
       {unixTimestamp, "GMT+05:30", "2023-11-14 22:13:20", false, "November 15, 2023 at 3:43:20 AM GMT+05:30"},
