@@ -124,6 +124,9 @@ TEST_F(DeidentifierRules, DatesNeedTheirNeighbours) {
   EXPECT_EQ(cleaned({word, blank, slashed}), "wordComment.number operator number");
   EXPECT_EQ(cleaned({slashed, blank, plus, blank, hours(23)}), "number operator number.operator.timespan");
   EXPECT_EQ(cleaned({slashed, blank, plus, blank, hours(24)}), "datestamp.operator.timespan");
+  const Token day = TokenFactory::unitExpressionWith(1, unitOf(UnitIdentifier::days));
+  EXPECT_EQ(cleaned({slashed, blank, plus, blank, over(TokenType::unitExpression, {five, km}, day.metadata)}),
+            "datestamp.operator.unitExpression[number unit]");
 
   const Token year = date(DatestampType::nakedYear, true, "2024");
   EXPECT_EQ(cleaned({year, blank, plus, blank, five}), "number.operator.number");

@@ -89,6 +89,10 @@ TEST(TimePasses, DurationsOfAmounts) {
       {"1:30 km", ""},
       {"5 km", ""},
       {"5 ft 3 in", ""},
+      {"2 hours 5 min", "2h 5m"},
+      {"1.5 hours 10 min", "0w 0d 1h 40m 0s 0ns"},
+      {"3 weeks, 2 days and 1 hour", "3w 2d, 1h"},
+      {"1 h 20 min 15 s 10 frames", "1:20:15+10@24"},
   };
   for (const auto& [line, expected] : cases) EXPECT_EQ(timesIn(reader.after("G12", line)), expected) << line;
 }
@@ -99,6 +103,7 @@ TEST(TimePasses, OnlyClockFormsAndCompoundsStayDurations) {
       {"2 hours", "unitExpression[number.unit]"},
       {"(2 hours)", "subexpression[bracket unitExpression[number.unit] bracket]"},
       {"1:30 hours", "timespan[number colon unitExpression[number.unit]]"},
+      {"2 hours 5 min", "timespan[compoundUnitExpression[unitExpression[number.unit].unitExpression[number.unit]]]"},
   };
   for (const auto& [line, expected] : cases) EXPECT_EQ(reader.shapeAfter("G29", line), expected) << line;
 }

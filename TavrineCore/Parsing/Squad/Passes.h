@@ -122,6 +122,14 @@ void identifyTimespansInCompounds(TokenList& list, const PassContext& context);
 void transformTimespansOutsideCalendarMathExpressionsBackIntoUnitExpressions(TokenList& list,
                                                                              const PassContext& context);
 
+// DatespanPasses.cpp
+/// "3 - 5 March", "March 3 to 5" → `datespan`; "today - 2020" is a calculation with a year.
+void identifyDatespans(TokenList& list, const PassContext& context);
+/// Two dates around a minus make an interval: one that tells no year moves to the right side of the other.
+void sanityCheckDatestampIntervals(TokenList& list, const PassContext& context);
+/// The same for the dates of phrases: "days between Friday and Monday", "days to Friday".
+void sanityCheckDatestampsInWordFunctionsIn(TokenList& list, const PassContext& context);
+
 // RatePasses.cpp
 /// "$20 / hour", "5 apples / day", "5% / year" → `rate`.
 void identifyRatesIn(TokenList& list, const PassContext& context);
