@@ -3,9 +3,11 @@
 
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Helpers/Deidentifier.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/CalendarEnvironment.h"
 #include "TavrineCore/Parsing/Primitives/Timespan.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/LineReader.h"
 

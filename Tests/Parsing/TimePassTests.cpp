@@ -34,7 +34,7 @@ std::string timesIn(const TokenList& list) {
       tell(std::to_string(frametime->hour) + ":" + std::to_string(frametime->minute) + ":" +
            std::to_string(frametime->second) + "+" + std::to_string(frametime->frame) + "@" +
            frametime->fps.description());
-    } else if (const auto timespan = token.timespanValue()) {
+    } else if (const auto timespan = token.is(TokenType::timespan) ? token.timespanValue() : std::nullopt) {
       const DateComponents& parts = timespan->dateComponents;
       std::string text;
       append(text, parts.year, "y");

@@ -15,7 +15,6 @@
 #include "TavrineCore/Parsing/Helpers/TokenDeidentificationItem.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/Timespan.h"
-#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
 #include "TavrineCore/Parsing/Tokens/NumberMetadata.h"
@@ -147,20 +146,14 @@ double roughSecondsIn(const DateComponents& span) {
   return seconds;
 }
 
-/// By now a duration of one amount is that amount again.
-std::optional<Timespan> timespanIn(const Token& token) {
-  if (const auto* metadata = token.metadataAs<TimespanTokenMetadata>()) return metadata->timespan;
-  const auto* amount = token.metadataAs<UnitExpressionTokenMetadata>();
-  return amount != nullptr ? timespanOf(amount->unitExpression()) : std::nullopt;
-}
-
 /// Date arithmetic with at least a day is meant as a date: "3/4 + 2 weeks".
 bool isFollowedByTimespanOfDays(const Item& item) {
   const auto operation = item.list().indexAfter(item.index(), /*ignoreWhitespace=*/true);
   if (!operation || !item.list()[*operation].is(TokenType::operator_)) return false;
   if (!kPlusAndMinus.contains(item.list()[*operation].subType)) return false;
   const Token* span = item.list().tokenAfterMustBe(*operation, TokenTypeSet::timeyTypes, /*ignoreWhitespace=*/true);
-  const auto timespan = span != nullptr ? timespanIn(*span) : std::nullopt;
+  // By now a duration of one amount is that amount again.
+  const auto timespan = span != nullptr ? span->timespanValue() : std::nullopt;
   return timespan && roughSecondsIn(timespan->dateComponents) >= kSecondsInDay;
 }
 
