@@ -173,25 +173,30 @@ UnitExpression unitExpressionValue(const Timespan& timespan) {
   if (timespan.representedInterval && (isPresentAndNotZero(components.year) || isPresentAndNotZero(components.month))) {
     return with(UnitIdentifier::seconds, Decimal::fromDouble(timespan.representedInterval->duration()));
   }
-  UnitExpression sum = with(UnitIdentifier::seconds, 0);
+  // Summed up in seconds, since a day has no exact value in weeks.
+  Decimal seconds = 0;
+  UnitIdentifier shown = UnitIdentifier::seconds;
   const auto add = [&](Component component) {
     const auto unit = unitIdentifierFor(component);
     const auto value = valueOf(components, component);
     if (!unit || !isPresentAndNotZero(value)) return;
-    if (const auto added = sum + with(*unit, Decimal(*value))) sum = *added;
+    const UnitExpression part = with(*unit, Decimal(*value));
+    seconds += valueInBaseUnit(part);
+    shown = part.unit.identifier();
   };
   for (auto component = orderedTavrineSupportedComponents.rbegin();
        component != orderedTavrineSupportedComponents.rend(); ++component) {
     if (*component == Component::weekOfYear) add(Component::weekOfMonth);
     add(*component);
   }
-  std::optional<UnitExpression> shown;
   if (components.hour) {
-    shown = convertedTo(sum, UnitIdentifier::hours);
+    shown = UnitIdentifier::hours;
   } else if (components.day) {
-    shown = convertedTo(sum, UnitIdentifier::days);
+    shown = UnitIdentifier::days;
+  } else if (valueInBaseUnit(with(shown, 1)) < 1) {
+    shown = UnitIdentifier::seconds;
   }
-  return shown.value_or(sum);
+  return with(shown, valueFrom(seconds, unitOf(shown)));
 }
 
 }  // namespace tavrine

@@ -13,6 +13,31 @@ using Component = Calendar::Component;
 
 constexpr std::int64_t kMostDaysWalked = 366'000;
 
+/// Any seven days in a row hold as many workdays, as long as nobody has a holiday.
+std::int64_t workdaysInAWeek(const CalendarEnvironment& environment) {
+  const Date start;
+  std::int64_t workdays = 0;
+  for (int day = 0; day < 7; ++day) {
+    const auto date = environment.calendar().dateByAdding(Component::day, day, start);
+    if (date && isWorkday(environment, *date)) ++workdays;
+  }
+  return workdays;
+}
+
+/// Moves by the whole weeks that the workdays fill, and leaves those of the last week. Nothing happens where holidays
+/// have to be looked for day by day, and at the limits of the calendar.
+void skipWeeks(const CalendarEnvironment& environment, int direction, std::int64_t& workdays, Date& date) {
+  constexpr std::int64_t mostWorkdays = 2'000'000'000;
+  if (!environment.holidays().empty() || workdays <= 7 || workdays > mostWorkdays) return;
+  const std::int64_t inAWeek = workdaysInAWeek(environment);
+  if (inAWeek == 0) return;
+  const std::int64_t weeks = (workdays - 1) / inAWeek;
+  const auto target = environment.calendar().dateByAdding(Component::day, direction * weeks * 7, date);
+  if (!target) return;
+  date = *target;
+  workdays -= weeks * inAWeek;
+}
+
 UnitExpression amountOf(const Decimal& value, const TCUnit& unit) { return {value, unit, false}; }
 
 }  // namespace
@@ -26,6 +51,7 @@ bool isWorkday(const CalendarEnvironment& environment, Date date) {
 
 Date dateByAddingWorkdays(const CalendarEnvironment& environment, std::int64_t workdays, Date to) {
   Date date = to;
+  skipWeeks(environment, 1, workdays, date);
   for (std::int64_t walked = 0; workdays > 0 && walked < kMostDaysWalked; ++walked) {
     const auto next = environment.calendar().dateByAdding(Component::day, 1, date);
     if (!next) return date;
@@ -37,6 +63,7 @@ Date dateByAddingWorkdays(const CalendarEnvironment& environment, std::int64_t w
 
 Date dateBySubtractingWorkdays(const CalendarEnvironment& environment, std::int64_t workdays, Date from) {
   Date date = from;
+  skipWeeks(environment, -1, workdays, date);
   for (std::int64_t walked = 0; workdays > 0 && walked < kMostDaysWalked; ++walked) {
     if (isWorkday(environment, date)) --workdays;
     const auto previous = environment.calendar().dateByAdding(Component::day, -1, date);
@@ -49,6 +76,14 @@ Date dateBySubtractingWorkdays(const CalendarEnvironment& environment, std::int6
 std::int64_t workdaysBetween(const CalendarEnvironment& environment, Date fromDate, Date toDate) {
   std::int64_t workdays = 0;
   Date date = fromDate;
+  if (environment.holidays().empty() && date < toDate) {
+    const Calendar& calendar = environment.calendar();
+    const std::int64_t weeks = calendar.dateComponents({Component::day}, date, toDate).day.value_or(0) / 7;
+    if (const auto target = calendar.dateByAdding(Component::day, weeks * 7, date); weeks > 0 && target) {
+      workdays = weeks * workdaysInAWeek(environment);
+      date = *target;
+    }
+  }
   for (std::int64_t walked = 0; date < toDate && walked < kMostDaysWalked; ++walked) {
     if (isWorkday(environment, date)) ++workdays;
     const auto next = environment.calendar().dateByAdding(Component::day, 1, date);

@@ -45,6 +45,9 @@ std::optional<Date> moved(const CalendarEnvironment& environment, const Timespan
     return isAddition ? environment.calendar().dateByAdding(timespan.dateComponents, date)
                       : datesBack(environment, timespan.dateComponents, date);
   }
+  // More than the calendar has: a walk would end anywhere.
+  constexpr std::int64_t mostWorkdays = 1'000'000'000;
+  if (*workdays > mostWorkdays) return std::nullopt;
   return isAddition ? dateByAddingWorkdays(environment, *workdays, date)
                     : dateBySubtractingWorkdays(environment, *workdays, date);
 }
