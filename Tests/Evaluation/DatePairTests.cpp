@@ -223,7 +223,7 @@ TEST_F(DatePairTests, FarBeyondTheCalendar) {
       {"date 2026-06-10 today", "+", "10000 years", "date 12026-06-10 today"},
       {"date 2026-06-10 today", "+", "1e14 weekdays", "none"},
       {"date 2026-06-10 today", "+", "26088 weekdays", "date 2126-06-10 today"},
-      {"date 2126-06-10 today", "-", "26088 weekdays", "date 2026-06-09 today"},
+      {"date 2126-06-10 today", "-", "26088 weekdays", "date 2026-06-10 today"},
       {"stamp 1e30", "+", "span 1d", "none"},
   };
   expectAll(cases);
