@@ -158,6 +158,11 @@ EvaluationResult unitByRate(const UnitExpression& expression, const UnitRate& ra
       return EvaluationResult::unitExpression({*count, rate.perUnit, true});
     }
   }
+  // "60 km/h / (2 km / min)": a quantity that is a rate by itself, and of the same kind, leaves a plain number.
+  if (const auto asRate = rateOf(expression)) {
+    const EvaluationResult ratio = divided(*asRate, rate);
+    if (ratio.is(EvaluationResultCase::decimal)) return ratio;
+  }
   const Decimal value = expression.value / rate.value;
   if (const auto ratio = ratioOf(expression.unit, rate.perUnit)) return EvaluationResult::decimal(value * *ratio);
   return EvaluationResult::unitRate({value, expression.unit, rate.perUnit});

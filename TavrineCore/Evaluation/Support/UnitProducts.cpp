@@ -83,6 +83,19 @@ std::optional<EvaluationResult> rateOfCancelledUnits(const UnitExpression& top, 
   return EvaluationResult::unitRate(rate);
 }
 
+/// "100 km / 25 mpg" is in gallons: what the bottom counts is of the kind of the top, and its other unit is left.
+std::optional<EvaluationResult> quotientByRate(const UnitExpression& top, const UnitExpression& bottom) {
+  if (!isXPerYUnit(bottom.unit)) return std::nullopt;
+  auto rate = rateOf(bottom);
+  if (!rate || !rate->ofUnit) return std::nullopt;
+  // Fuel is counted for each 100 km; distances are not counted in hundreds.
+  if (rate->perUnit.identifier() == UnitIdentifier::hectokilometers)
+    rate = to(*rate, unitOf(UnitIdentifier::kilometers));
+  const auto counted = convertedTo(top, *rate->ofUnit);
+  if (!counted) return std::nullopt;
+  return rate->value.isZero() ? divisionByZero() : quantity(counted->value / rate->value, rate->perUnit);
+}
+
 }  // namespace
 
 EvaluationResult multiplied(const UnitExpression& left, const UnitExpression& right) {
@@ -114,6 +127,7 @@ EvaluationResult divided(const UnitExpression& top, const UnitExpression& bottom
     const auto value = quotientOf(top, bottom, needsBase);
     return value ? EvaluationResult::decimal(*value) : divisionByZero();
   }
+  if (auto result = quotientByRate(top, bottom)) return *result;
   return bottom.value.isZero() ? divisionByZero() : rateFrom(top, bottom);
 }
 

@@ -12,7 +12,8 @@ namespace tavrine {
 /// A quantity of the product's unit, what is left of a rate, or the `error` that there is no such product.
 [[nodiscard]] EvaluationResult multiplied(const UnitExpression& left, const UnitExpression& right);
 
-/// A quantity of the quotient's unit, a plain number for units of one kind, else a rate.
+/// A quantity of the quotient's unit, a plain number for units of one kind, what is left of a unit by another, else a
+/// rate.
 [[nodiscard]] EvaluationResult divided(const UnitExpression& top, const UnitExpression& bottom);
 
 /// A plain number for rates of the same kinds, else the product with the second rate turned over.
