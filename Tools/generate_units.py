@@ -33,7 +33,13 @@ LEFT_OUT = {
     "turns",  # like "turn", a verb: "Ann, 5, turns 6"
 }
 KEPT = {
+    "A",  # the article is only written so where no number stands before it
     "uS",  # nobody else is written so, since "us" is left out
+    # Long, but put together from "m/s" and a power.
+    "m/s^2",
+    "m/sec^2",
+    "ft/s^2",
+    "ft/sec^2",
 }
 
 # A line about the future counts minutes and weeks where others measure metres and watts.

@@ -1,6 +1,5 @@
 // Angles in degrees, minutes and seconds, and places on the earth.
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <memory>
@@ -47,9 +46,13 @@ std::vector<const Token*> amountsIn(const Token& compound) {
 
 // --- Angles ---------------------------------------------------------------------------------------------------------
 
-bool beginsWithMarkOfSeconds(std::string_view text) {
+/// What stands behind the mark of seconds, as the N of "″N" does; nothing where the text doesn't begin with one.
+std::optional<std::string_view> textBehindMarkOfSeconds(std::string_view text) {
   static constexpr std::array<std::string_view, 5> kMarks{"\"", "″", "”", "''", "’’"};
-  return std::any_of(kMarks.begin(), kMarks.end(), [text](std::string_view mark) { return text.starts_with(mark); });
+  for (const std::string_view mark : kMarks) {
+    if (text.starts_with(mark)) return text.substr(mark.size());
+  }
+  return std::nullopt;
 }
 
 /// An angle in the making: its parts, and the tokens that tell it.
@@ -95,8 +98,10 @@ std::optional<Angle> angleWithLooseSeconds(const TokenList& list, std::size_t in
   Angle angle{value, index, *mark};
   angle.value.cardinalDirection = cardinalDirectionNamed(list[*mark].stringValue);
   if (angle.value.cardinalDirection) return angle;
-  if (!beginsWithMarkOfSeconds(list[*mark].stringValue)) return std::nullopt;
-  takeDirection(list, angle);
+  const auto textBehindMark = textBehindMarkOfSeconds(list[*mark].stringValue);
+  if (!textBehindMark) return std::nullopt;
+  angle.value.cardinalDirection = cardinalDirectionNamed(*textBehindMark);
+  if (!angle.value.cardinalDirection) takeDirection(list, angle);
   return angle;
 }
 

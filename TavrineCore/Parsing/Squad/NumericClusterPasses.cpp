@@ -1,6 +1,8 @@
 // Clusters of letters and digits ("x2", "5km3") that the lexer leaves as one word.
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -19,6 +21,7 @@
 #include "TavrineCore/Parsing/Helpers/NumericClusterComponents.h"
 #include "TavrineCore/Parsing/Lexing/LetterNumberScanner.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/Pitch.h"
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
@@ -225,6 +228,38 @@ std::vector<Token> identifyComponentsInVeryChunkyWordNumberClusters(const Token&
   return result;
 }
 
+/// "°26'46", behind the 40 of "40°26'46", → °, 26, ', 46. Words other than the marks stay ones: the N of "°26′46″N".
+std::vector<Token> identifyComponentsOfAngle(const Token& word, const Token* before, const PassContext& context) {
+  if (before == nullptr || !before->is(TokenType::number)) return {};
+  const std::string& text = word.stringValue;
+  if (!text.starts_with(unitOf(UnitIdentifier::degrees).symbol())) return {};
+
+  std::vector<Token> result;
+  std::uint32_t location = word.range.location;
+  for (std::size_t i = 0; i < text.size();) {
+    const std::size_t start = i;
+    const bool isNumber = DigitDetector::firstCharacterIsDigitIn(std::string_view(text).substr(i));
+    if (isNumber) {
+      i = std::min(text.find_first_not_of("0123456789.", i), text.size());
+    } else {
+      i += firstCluster(std::string_view(text).substr(i)).size();
+    }
+    const std::string part = text.substr(start, i - start);
+    const NSRange range{location, static_cast<std::uint32_t>(utf16Length(part))};
+    location += range.length;
+    if (isNumber) {
+      const auto value = context.numberDetector.decimalValueOf(part);
+      if (!value) return {};
+      result.push_back(numberToken(*value, part, range));
+    } else if (std::optional<TCUnit> unit = unitNamed(part, context)) {
+      result.push_back(unitTokenWith(part, range, *std::move(unit)));
+    } else {
+      result.emplace_back(TokenType::unidentified, part, range);
+    }
+  }
+  return result;
+}
+
 }  // namespace
 
 void identifyNumericClustersIn(TokenList& list, const PassContext& context) {
@@ -237,10 +272,9 @@ void identifyNumericClustersIn(TokenList& list, const PassContext& context) {
     const std::optional<std::size_t> index = tokens.indexOf(word);
     if (!index) return;
     std::vector<Token> parts = numericClusterTokensFor(word, context);
-    if (parts.empty()) {
-      const Token* before = *index > 0 ? &tokens[*index - 1] : nullptr;
-      parts = exAsMultiplicationNumberClusterFrom(word, before, context);
-    }
+    const Token* before = *index > 0 ? &tokens[*index - 1] : nullptr;
+    if (parts.empty()) parts = exAsMultiplicationNumberClusterFrom(word, before, context);
+    if (parts.empty()) parts = identifyComponentsOfAngle(word, before, context);
     if (parts.empty()) parts = identifyComponentsInVeryChunkyWordNumberClusters(word, context);
     if (parts.empty()) return;
 

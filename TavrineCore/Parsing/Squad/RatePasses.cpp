@@ -70,22 +70,26 @@ std::optional<std::size_t> amountBefore(const TokenList& list, std::size_t strok
   return isAt(list, number, TokenType::number) ? number : std::nullopt;
 }
 
+void wrapRate(TokenList& list, std::size_t stroke) {
+  const auto perUnit = after(list, stroke);
+  if (!isAt(list, perUnit, TokenType::unit) || unitIn(list[*perUnit]) == nullptr) return;
+  const auto amount = amountBefore(list, stroke);
+  if (!amount) return;
+  std::optional<RateValue> rate = rateOf(list[*amount], *unitIn(list[*perUnit]));
+  if (!rate) return;
+  list.replaceRun(
+      *amount, *perUnit,
+      list.slice(*amount, *perUnit).embedInContainerToken(TokenType::rate, rate->subType, std::move(rate->metadata)));
+}
+
 }  // namespace
 
 void identifyRatesIn(TokenList& list, const PassContext&) {
-  for (std::size_t i = list.count(); i-- > 0;) {
-    if (!list[i].is(TokenType::operator_, TokenSubType::divisionOperator)) continue;
-    const auto perUnit = after(list, i);
-    if (!isAt(list, perUnit, TokenType::unit) || unitIn(list[*perUnit]) == nullptr) continue;
-    const auto amount = amountBefore(list, i);
-    if (!amount) continue;
-    std::optional<RateValue> rate = rateOf(list[*amount], *unitIn(list[*perUnit]));
-    if (!rate) continue;
-    list.replaceRun(
-        *amount, *perUnit,
-        list.slice(*amount, *perUnit).embedInContainerToken(TokenType::rate, rate->subType, std::move(rate->metadata)));
-    i = *amount;
-  }
+  list.performEditsToListsWith(TokenType::operator_, /*recalculateRangesAfterEdit=*/false,
+                               [](const Token& token, TokenList& tokens, const Token*) {
+                                 if (token.subType != TokenSubType::divisionOperator) return;
+                                 if (const auto stroke = tokens.indexOf(token)) wrapRate(tokens, *stroke);
+                               });
 }
 
 // --- Prices of things -----------------------------------------------------------------------------------------------

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -195,12 +196,35 @@ bool standsBehindFeet(const TokenList& list, std::size_t number) {
   return feet && isExpressionWith(list[*feet], UnitIdentifier::feet);
 }
 
-/// "5 ft 3 in", "5 3/4 in".
-bool readsAsInches(const TokenList& list, std::size_t symbol, std::size_t number) {
+/// "5 ft 11 in cm": the 11 is inches without the word, which converts.
+bool convertsFeetAndInches(const TokenList& list, std::size_t symbol, std::size_t number) {
+  return isExpressionWith(list[*before(list, number)], UnitIdentifier::feet) &&
+         isAt(list, after(list, symbol), TokenType::unit);
+}
+
+/// An operator that reckons with the amount before it. The stroke of "in / day" belongs to what is converted into.
+bool isReckonedWith(const TokenList& list, std::size_t operation) {
+  if (!list[operation].is(TokenType::operator_)) return false;
+  const bool isPerUnit =
+      list[operation].subType == TokenSubType::divisionOperator && isAt(list, after(list, operation), TokenType::unit);
+  return !isPerUnit;
+}
+
+/// What may stand behind the last word of an amount.
+constexpr TokenTypeSet kBehindAmounts{TokenType::bracket, TokenType::comma, TokenType::semicolon, TokenType::equals,
+                                      TokenType::conjunctionWord};
+
+/// "5 ft 3 in", "5 3/4 in", "3 in * 4", and the second of "3 in + 4 in", behind other feet or inches.
+bool readsAsInches(const TokenList& list, std::size_t symbol, std::size_t number, bool behindFeetOrInches) {
   if (!saysIn(list[symbol])) return false;
-  if (standsBehindFeet(list, number)) return true;
-  const auto target = after(list, symbol);
-  return isDenominator(list, number) && !(target && kTargets.contains(list[*target].type));
+  const auto next = after(list, symbol);
+  // Of two in a row the first is a unit: "5 in in cm".
+  if (isAt(list, next, TokenType::converterSymbol)) return true;
+  if (standsBehindFeet(list, number)) return !convertsFeetAndInches(list, symbol, number);
+  if (next && kTargets.contains(list[*next].type)) return false;
+  if (isDenominator(list, number)) return true;
+  if (next && isReckonedWith(list, *next)) return true;
+  return behindFeetOrInches && (!next || kBehindAmounts.contains(list[*next].type));
 }
 
 /// Gives the index of the amount's token.
@@ -214,19 +238,22 @@ std::size_t wrapInches(TokenList& list, std::size_t number, std::size_t symbol) 
   return number;
 }
 
-/// "in" is a word of conversion unless something says otherwise; of two in a row the first is a unit.
+bool isFeetOrInches(const Token& token) {
+  return isExpressionWith(token, UnitIdentifier::feet) || isExpressionWith(token, UnitIdentifier::inches);
+}
+
+/// "in" is a word of conversion unless something says otherwise.
 void handleInAsInchesNotConverter(TokenList& list) {
   if (!list.typePrecheck(TokenType::converterSymbol)) return;
-  for (std::size_t i = list.count(); i-- > 0;) {
-    if (!list[i].is(TokenType::converterSymbol)) continue;
-    const auto left = before(list, i);
-    if (!left) continue;
-    if (list[*left].is(TokenType::converterSymbol)) {
-      const auto number = before(list, *left);
-      if (saysIn(list[*left]) && isAt(list, number, TokenType::number)) i = wrapInches(list, *number, *left);
-    } else if (list[*left].is(TokenType::number) && readsAsInches(list, i, *left)) {
-      i = wrapInches(list, *left, i);
+  bool behindFeetOrInches = false;
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (list[i].is(TokenType::converterSymbol)) {
+      const auto number = before(list, i);
+      if (isAt(list, number, TokenType::number) && readsAsInches(list, i, *number, behindFeetOrInches)) {
+        i = wrapInches(list, *number, i);
+      }
     }
+    behindFeetOrInches = behindFeetOrInches || isFeetOrInches(list[i]);
   }
 }
 
@@ -311,13 +338,39 @@ bool commaParts(const TCUnit& left, const TCUnit& right) {
   return left.unitType() == UnitType::currency || left.identifier() == right.identifier();
 }
 
+/// "5 ft and 3 in", "5 lb and 4 oz": less than one of the larger unit. Behind a word the two are a list: "the larger of
+/// 5 ft and 3 in".
+bool andJoins(const TokenList& list, std::size_t larger, std::size_t smaller) {
+  struct Pair {
+    UnitIdentifier larger;
+    UnitIdentifier smaller;
+    std::int32_t count;
+  };
+  static constexpr std::array<Pair, 2> kPairs{
+      {{UnitIdentifier::feet, UnitIdentifier::inches, 12}, {UnitIdentifier::pounds, UnitIdentifier::ounces, 16}}};
+  const bool isPair = std::any_of(kPairs.begin(), kPairs.end(), [&](const Pair& pair) {
+    return isExpressionWith(list[larger], pair.larger) && isExpressionWith(list[smaller], pair.smaller) &&
+           numberIn(list[smaller]) < Decimal(pair.count);
+  });
+  if (!isPair) return false;
+  static constexpr TokenTypeSet kBeforeSums{TokenType::bracket, TokenType::equals, TokenType::label};
+  const auto left = before(list, larger);
+  if (!left || kBeforeSums.contains(list[*left].type)) return true;
+  return list[*left].is(TokenType::operator_) && isSingleCluster(list[*left].stringValue);
+}
+
 /// The first token of the run of amounts that ends at the index.
 std::size_t startOfCompound(const TokenList& list, std::size_t last) {
   const UnitType kind = unitIn(list[last])->unitType();
   std::size_t first = last;
   bool behindComma = false;
+  bool behindAnd = false;
   for (std::size_t i = last; i-- > 0;) {
     if (list[i].is(TokenType::whitespace)) continue;
+    if (list[i].is(TokenType::conjunctionWord, TokenSubType::conjunctionWordAnd)) {
+      behindAnd = true;
+      continue;
+    }
     if (TokenTypeSet::typesInMultiUnitCompounds.contains(list[i].type)) {
       behindComma = true;
       continue;
@@ -326,8 +379,9 @@ std::size_t startOfCompound(const TokenList& list, std::size_t last) {
     const TCUnit* unit = unitIn(list[i]);
     if (unit == nullptr || !fitsInto(kind, unit->unitType())) break;
     if (behindComma && commaParts(*unit, *unitIn(list[first]))) break;
+    if (behindAnd && !andJoins(list, i, first)) break;
     first = i;
-    behindComma = false;
+    behindComma = behindAnd = false;
     // Nothing larger stands in front of degrees: what does is another angle.
     if (unit->identifier() == UnitIdentifier::degrees) break;
   }
@@ -381,12 +435,18 @@ void identifyUnitRangesIn(TokenList& list) {
 
 // --- "10 km a day" --------------------------------------------------------------------------------------------------
 
-constexpr TokenTypeSet kAmounts{TokenType::unitExpression, TokenType::compoundUnitExpression, TokenType::number};
+constexpr TokenTypeSet kAmounts{TokenType::unitExpression, TokenType::compoundUnitExpression, TokenType::number,
+                                TokenType::percentageSymbol};
+
+/// "a", and "an", which is no word of the vocabulary.
+bool isIndefiniteArticle(const Token& token) {
+  if (token.is(TokenType::unidentified)) return equalsIgnoringCase(token.stringValue, "an");
+  return token.is(TokenType::grammerArticleWord, TokenSubType::indefiniteGrammarArticleWord);
+}
 
 void readArticlesAsStrokes(TokenList& list) {
-  if (!list.typePrecheck(TokenType::grammerArticleWord)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
-    if (!list[i].is(TokenType::grammerArticleWord, TokenSubType::indefiniteGrammarArticleWord)) continue;
+    if (!isIndefiniteArticle(list[i])) continue;
     if (!isAt(list, after(list, i), TokenType::unit)) continue;
     const auto amount = before(list, i);
     if (!amount || !kAmounts.contains(list[*amount].type)) continue;

@@ -10,11 +10,14 @@
 
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Parsing/Helpers/Scalars.h"
+#include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Squad/UnitLookUp.h"
 #include "TavrineCore/Parsing/Squad/UnitTokens.h"
+#include "TavrineCore/Parsing/Tokens/NumberMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine::passes {
@@ -65,15 +68,50 @@ bool isOrdinal(const TokenList& list, std::size_t index) {
   return list[index].is(TokenType::ordinalSuffix) && index > 0 && list[index - 1].is(TokenType::number);
 }
 
+/// "A" is amperes behind a number and at the end of a conversion: "12 V * 2 A", "500 mA in A". Before the name of a
+/// unit it stays the article: "5 A DAY".
+bool isArticle(const TokenList& list, std::size_t index, const PassContext& context) {
+  if (!list[index].is(TokenType::grammerArticleWord)) return false;
+  const Token* before = list.tokenBefore(index, /*ignoreWhitespace=*/true);
+  const Token* next = list.tokenAfter(index, /*ignoreWhitespace=*/true);
+  if (before != nullptr && before->is(TokenType::number)) {
+    return next != nullptr && next->is(TokenType::unidentified) && unitNamed(next->stringValue, context);
+  }
+  const bool isTarget = before != nullptr && before->is(TokenType::converterSymbol);
+  return !isTarget || (next != nullptr && !next->is(TokenType::operator_));
+}
+
 void wrapWords(TokenList& list, const PassContext& context) {
   if (!list.anyTypesHaveBeenPresentIn(TokenTypeSet::potentialUnitNamePrefixTypes)) return;
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!TokenTypeSet::potentialUnitNamePrefixTypes.contains(list[i].type)) continue;
     if (wrapMultiWordUnitAt(list, i, context)) continue;
     if (list[i].is(TokenType::converterSymbol) || isOrdinal(list, i)) continue;
-    if (std::optional<TCUnit> unit = unitNamed(list[i].stringValue, context)) {
-      replaceByUnit(list, i, i, *std::move(unit));
-    }
+    std::optional<TCUnit> unit = unitNamed(list[i].stringValue, context);
+    if (unit && !isArticle(list, i, context)) replaceByUnit(list, i, i, *std::move(unit));
+  }
+}
+
+// --- Amounts of money in thousands and millions ---------------------------------------------------------------------
+
+bool isMoney(const TokenList& list, std::optional<std::size_t> index) {
+  return isAt(list, index, TokenType::unit) && isUnitOfType(list[*index], UnitType::currency);
+}
+
+/// "1.5 M USD", "$5 k": beside a currency there is nothing to measure in metres or kelvins.
+void scaleMoney(TokenList& list) {
+  if (!list.unitTypesCache().contains(UnitType::currency)) return;
+  static constexpr TokenTypeSet kScalarTypes{TokenType::unit, TokenType::unidentified};
+  for (std::size_t i = 2; i < list.count(); ++i) {
+    if (!kScalarTypes.contains(list[i].type) || !Scalars::isValid(list[i].stringValue)) continue;
+    if (!list[i - 1].is(TokenType::whitespace) || !list[i - 2].is(TokenType::number)) continue;
+    const auto sign = list.indexBefore(i - 2, /*ignoreWhitespace=*/true);
+    if (!isMoney(list, sign) && !isMoney(list, list.indexAfter(i, /*ignoreWhitespace=*/true))) continue;
+    const TokenSlice slice = list.slice(i - 2, i);
+    list.replaceRun(i - 2, i,
+                    numberToken(NumberTokenMetadata(numberIn(list[i - 2]), list[i].stringValue), slice.stringValue(),
+                                slice.range()));
+    i -= 2;
   }
 }
 
@@ -230,6 +268,7 @@ void joinUnitsAndPowers(TokenList& list, const PassContext& context) {
 void identifyUnitsIn(TokenList& list, const PassContext& context) {
   if (context.features.additionalOptions.unitDeclarations) replaceCustomUnits(list);
   wrapWords(list, context);
+  scaleMoney(list);
   identifyQuotationMarksAsInchesIn(list);
   if (!list.allTypesHaveBeenPresentIn(TokenTypeSet::numberAndUnit)) return;
   resolveAmbiguousUnits(list, context);
