@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -210,6 +209,8 @@ bool isReckonedWith(const TokenList& list, std::size_t operation) {
   return !isPerUnit;
 }
 
+bool closesBracket(const Token& token) { return token.is(TokenType::bracket) && token.stringValue == ")"; }
+
 /// What may stand behind the last word of an amount.
 constexpr TokenTypeSet kBehindAmounts{TokenType::bracket, TokenType::comma, TokenType::semicolon, TokenType::equals,
                                       TokenType::conjunctionWord};
@@ -223,7 +224,7 @@ bool readsAsInches(const TokenList& list, std::size_t symbol, std::size_t number
   if (standsBehindFeet(list, number)) return !convertsFeetAndInches(list, symbol, number);
   if (next && kTargets.contains(list[*next].type)) return false;
   if (isDenominator(list, number)) return true;
-  if (next && isReckonedWith(list, *next)) return true;
+  if (next && (isReckonedWith(list, *next) || closesBracket(list[*next]))) return true;
   return behindFeetOrInches && (!next || kBehindAmounts.contains(list[*next].type));
 }
 
@@ -338,39 +339,13 @@ bool commaParts(const TCUnit& left, const TCUnit& right) {
   return left.unitType() == UnitType::currency || left.identifier() == right.identifier();
 }
 
-/// "5 ft and 3 in", "5 lb and 4 oz": less than one of the larger unit. Behind a word the two are a list: "the larger of
-/// 5 ft and 3 in".
-bool andJoins(const TokenList& list, std::size_t larger, std::size_t smaller) {
-  struct Pair {
-    UnitIdentifier larger;
-    UnitIdentifier smaller;
-    std::int32_t count;
-  };
-  static constexpr std::array<Pair, 2> kPairs{
-      {{UnitIdentifier::feet, UnitIdentifier::inches, 12}, {UnitIdentifier::pounds, UnitIdentifier::ounces, 16}}};
-  const bool isPair = std::any_of(kPairs.begin(), kPairs.end(), [&](const Pair& pair) {
-    return isExpressionWith(list[larger], pair.larger) && isExpressionWith(list[smaller], pair.smaller) &&
-           numberIn(list[smaller]) < Decimal(pair.count);
-  });
-  if (!isPair) return false;
-  static constexpr TokenTypeSet kBeforeSums{TokenType::bracket, TokenType::equals, TokenType::label};
-  const auto left = before(list, larger);
-  if (!left || kBeforeSums.contains(list[*left].type)) return true;
-  return list[*left].is(TokenType::operator_) && isSingleCluster(list[*left].stringValue);
-}
-
 /// The first token of the run of amounts that ends at the index.
 std::size_t startOfCompound(const TokenList& list, std::size_t last) {
   const UnitType kind = unitIn(list[last])->unitType();
   std::size_t first = last;
   bool behindComma = false;
-  bool behindAnd = false;
   for (std::size_t i = last; i-- > 0;) {
     if (list[i].is(TokenType::whitespace)) continue;
-    if (list[i].is(TokenType::conjunctionWord, TokenSubType::conjunctionWordAnd)) {
-      behindAnd = true;
-      continue;
-    }
     if (TokenTypeSet::typesInMultiUnitCompounds.contains(list[i].type)) {
       behindComma = true;
       continue;
@@ -379,9 +354,8 @@ std::size_t startOfCompound(const TokenList& list, std::size_t last) {
     const TCUnit* unit = unitIn(list[i]);
     if (unit == nullptr || !fitsInto(kind, unit->unitType())) break;
     if (behindComma && commaParts(*unit, *unitIn(list[first]))) break;
-    if (behindAnd && !andJoins(list, i, first)) break;
     first = i;
-    behindComma = behindAnd = false;
+    behindComma = false;
     // Nothing larger stands in front of degrees: what does is another angle.
     if (unit->identifier() == UnitIdentifier::degrees) break;
   }
