@@ -10,9 +10,20 @@
 
 namespace tavrine {
 
+namespace {
+
+/// Fractions calculate with plain numbers only: beside anything else a third is 0.333...
+bool mustBeNumber(const Token& fraction, const Token& other) {
+  return fraction.is(TokenType::fraction) && !other.is(TokenType::number) && !other.is(TokenType::fraction);
+}
+
+}  // namespace
+
 Token operated(const Token& left, TokenSubType operatorSubType, const Token& right, std::string_view operatorText) {
   if (left.is(TokenType::error)) return left;
   if (right.is(TokenType::error)) return right;
+  if (mustBeNumber(left, right)) return operated(asNumber(left), operatorSubType, right, operatorText);
+  if (mustBeNumber(right, left)) return operated(left, operatorSubType, asNumber(right), operatorText);
   return evaluatedPair(left, right, operatorToken(operatorSubType, operatorText));
 }
 
