@@ -5,7 +5,9 @@
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/Percentage.h"
+#include "TavrineCore/Parsing/Primitives/Timespan.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 
 namespace tavrine {
@@ -69,6 +71,7 @@ EvaluationResult resultWith(const Decimal& value, const Token& matchingTypeOf) {
     }
     case EvaluationResultCase::timespan: {
       const UnitExpression seconds{value, unitOf(UnitIdentifier::seconds), true};
+      if (const std::optional<Timespan> span = timespanOf(seconds)) return EvaluationResult::timespan(*span);
 
       return EvaluationResult::unitExpression(seconds);
     }
