@@ -1,0 +1,104 @@
+// Years that stand alone: "days in 2024", "2019 to 2022 in days", "2020 + 3 years".
+
+#include <cstddef>
+#include <optional>
+
+#include "Foundation/Text.h"
+#include "TavrineCore/Parsing/Squad/DateParser.h"
+#include "TavrineCore/Parsing/Squad/UnitTokens.h"
+
+namespace tavrine {
+
+namespace {
+
+constexpr std::string_view kRangeWord = "to";
+
+bool isUnit(const Token* token) { return token != nullptr && token->is(TokenType::unit); }
+
+/// The number becomes a year. It is never certain that a number is one.
+void replaceWithYearStamp(TokenList& list, std::size_t number, std::int64_t year) {
+  DateComponents components;
+  components.year = year;
+  replaceRunByComponents(list, number, number, {components, DatestampType::nakedYear, /*ambiguous=*/true});
+}
+
+/// "days in 2024": the year behind "in".
+void identifyYearBehind(TokenList& list, std::size_t symbol) {
+  constexpr TokenTypeSet kWhatAYearHolds{TokenType::unit, TokenType::unidentified, TokenType::number};
+  if (list.tokenBeforeMustBe(symbol, kWhatAYearHolds, /*ignoreWhitespace=*/true) == nullptr) return;
+  const auto number = list.indexAfter(symbol, /*ignoreWhitespace=*/true);
+  const auto year = number ? definiteYearIn(&list[*number]) : std::nullopt;
+  // "5 km in 2000 steps" may hold a year; "in 2000 m" holds none.
+  if (!year || isUnit(list.tokenAfter(*number, /*ignoreWhitespace=*/true))) return;
+  replaceWithYearStamp(list, *number, *year);
+}
+
+/// "2019 to 2022 in days", "days from 2019 to 2022", "March 2020 to 2022".
+void identifyYearsOnBothSides(TokenList& list, std::size_t word) {
+  constexpr TokenTypeSet kSides{TokenType::number, TokenType::dateComponents};
+  constexpr TokenTypeSet kTargets{TokenType::unit, TokenType::typeName};
+  const auto left = list.indexBefore(word, /*ignoreWhitespace=*/true);
+  const auto right = list.indexAfter(word, /*ignoreWhitespace=*/true);
+  if (!left || !right || !kSides.contains(list[*left].type) || !kSides.contains(list[*right].type)) return;
+
+  bool areYears = list[*left].is(TokenType::dateComponents) || list[*right].is(TokenType::dateComponents);
+  if (!areYears) {
+    const auto symbol = list.indexAfter(*right, /*ignoreWhitespace=*/true);
+    const bool isConverted = symbol && list[*symbol].is(TokenType::converterSymbol) &&
+                             list.tokenAfterMustBe(*symbol, kTargets, /*ignoreWhitespace=*/true) != nullptr;
+    areYears = isConverted || isUnit(list.tokenBefore(*left, /*ignoreWhitespace=*/true, TokenTypeSet::randomWords));
+  }
+  if (!areYears) return;
+  for (const std::size_t side : {*left, *right}) {
+    if (const auto year = definiteYearIn(&list[side])) replaceWithYearStamp(list, side, *year);
+  }
+}
+
+void identifyNakedYearsAround(TokenList& list, TokenType type) {
+  if (!list.typePrecheck(type)) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(type)) continue;
+    if (list[i].subType == TokenSubType::converterSymbolIn) identifyYearBehind(list, i);
+    if (lowercased(list[i].stringValue) != kRangeWord) continue;
+    if (list.anyTypesHaveBeenPresentIn({TokenType::percentageSymbol, TokenType::multiplier})) continue;
+    identifyYearsOnBothSides(list, i);
+  }
+}
+
+/// Whether "+ 3 weeks" follows the token.
+bool isMovedByTimespan(const TokenList& list, std::size_t index) {
+  const auto sign = list.indexAfter(index, /*ignoreWhitespace=*/true);
+  if (!sign || (!list[*sign].is(TokenType::operator_, TokenSubType::additionOperator) &&
+                !list[*sign].is(TokenType::operator_, TokenSubType::subtractionOperator))) {
+    return false;
+  }
+  const auto number = list.indexAfter(*sign, /*ignoreWhitespace=*/true);
+  if (!number || !list[*number].is(TokenType::number)) return false;
+  return isDurationUnit(list.tokenAfter(*number, /*ignoreWhitespace=*/true));
+}
+
+/// Whether the number is a value of its own: no "$2020", no "5 * 2020".
+bool beginsValue(const TokenList& list, std::size_t number) {
+  const Token* before = list.tokenBefore(number, /*ignoreWhitespace=*/true);
+  return before == nullptr || (!before->is(TokenType::operator_) && !before->is(TokenType::unit));
+}
+
+}  // namespace
+
+void DateParser::identifyNakedYearsAroundConverters(TokenList& list) {
+  if (!list.anyTypesHaveBeenPresentIn({TokenType::number, TokenType::dateComponents})) return;
+  identifyNakedYearsAround(list, TokenType::prepositionWord);
+  identifyNakedYearsAround(list, TokenType::converterSymbol);
+}
+
+// Months need no such step: by themselves they are pieces of dates already.
+void DateParser::identifyNakedYearPlusOrMinusThenTimespan(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::number, TokenType::operator_, TokenType::unit})) return;
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    const auto number = dateNumberIn(list[i]);
+    const auto year = number ? recentYear(*number) : std::nullopt;
+    if (year && beginsValue(list, i) && isMovedByTimespan(list, i)) replaceWithYearStamp(list, i, *year);
+  }
+}
+
+}  // namespace tavrine
