@@ -55,7 +55,7 @@ void DateWordsList::addWordsOf(const Calendar& calendar) {
   add(DateWordType::am, symbols.am, std::nullopt);
   add(DateWordType::pm, symbols.pm, std::nullopt);
   for (std::size_t i = 0; i < symbols.shortQuarters.size(); ++i) {
-    add(DateWordType::quarter, symbols.shortQuarters[i], numbered(i));
+    add(DateWordType::quarter, symbols.shortQuarters[i], static_cast<int>(i));
   }
 }
 

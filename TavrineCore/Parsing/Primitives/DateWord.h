@@ -18,7 +18,7 @@ struct DateWord {
   DateWordType type = DateWordType::month;
   /// The word in lower case.
   std::string fragment;
-  /// The number of the month, weekday or quarter, from 1; absent for "am" and "pm".
+  /// The number of the month or weekday, from 1, or of the quarter, from 0; absent for "am" and "pm".
   std::optional<int> index;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(type, fragment, index); }

@@ -7,6 +7,7 @@
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Primitives/CalendarEnvironment.h"
 #include "TavrineCore/Parsing/Primitives/DatestampArithmetic.h"
+#include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Squad/DateParser.h"
 #include "TavrineCore/Parsing/Tokens/PlaceMetadata.h"
 

@@ -15,7 +15,8 @@ constexpr std::int64_t kLargestNumber = 100000;
 
 /// Whether the text has digits alone. What is not ASCII are the digits of other scripts: the value is known already.
 bool isUnbrokenNumber(std::string_view text) {
-  return std::ranges::none_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80 && (c < '0' || c > '9'); });
+  return std::ranges::none_of(text,
+                              [](char c) { return static_cast<unsigned char>(c) < 0x80 && (c < '0' || c > '9'); });
 }
 
 /// The whole number between the two, in at most so many characters.

@@ -4,7 +4,9 @@
 #include <optional>
 #include <utility>
 
+#include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Primitives/CalendarEnvironment.h"
+#include "TavrineCore/Parsing/Primitives/SpecialDayDates.h"
 #include "TavrineCore/Parsing/Primitives/Workdays.h"
 #include "TavrineCore/Parsing/Squad/DateParser.h"
 #include "TavrineCore/Parsing/Squad/UnitTokens.h"
@@ -92,7 +94,8 @@ std::optional<Date> moved(const Calendar& calendar, Date now, Component componen
 std::optional<int> weekdayIn(const Token* token) {
   if (token == nullptr || !token->is(TokenType::dateComponents)) return std::nullopt;
   const auto* metadata = token->metadataAs<DateComponentsTokenMetadata>();
-  if (metadata == nullptr || metadata->type != Type::weekDay || tellsTime(metadata->dateComponents)) return std::nullopt;
+  if (metadata == nullptr || metadata->type != Type::weekDay || tellsTime(metadata->dateComponents))
+    return std::nullopt;
   const auto weekday = metadata->dateComponents.weekday;
   return weekday ? std::optional(static_cast<int>(*weekday)) : std::nullopt;
 }
@@ -130,6 +133,79 @@ void DateParser::identifyRelativeDatesIn(TokenList& list) const {
         break;
     }
   }
+}
+
+// --- Special days ---------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// The number of years behind "in" or a preposition: "christmas in 3 years".
+struct YearsAhead {
+  std::int64_t years;
+  std::size_t lastIndex;
+};
+
+std::optional<YearsAhead> yearsAheadBehind(const TokenList& list, std::size_t day) {
+  const auto word = list.indexAfter(day, /*ignoreWhitespace=*/true);
+  if (!word || (!list[*word].is(TokenType::prepositionWord) &&
+                !list[*word].is(TokenType::converterSymbol, TokenSubType::converterSymbolIn))) {
+    return std::nullopt;
+  }
+  const auto number = list.indexAfter(*word, /*ignoreWhitespace=*/true);
+  const auto value = number ? dateNumberIn(list[*number]) : std::nullopt;
+  const auto unit = number ? list.indexAfter(*number, /*ignoreWhitespace=*/true) : std::nullopt;
+  if (!value || !value->value.isWhole() || !unit || !list[*unit].is(TokenType::unit)) return std::nullopt;
+  if (!isUnitWith(list[*unit], UnitIdentifier::years)) return std::nullopt;
+  return YearsAhead{value->value.intValue(), *unit};
+}
+
+}  // namespace
+
+void DateParser::identifySpecialDaysIn(TokenList& list) const {
+  if (!list.typePrecheck(TokenType::specialDay) || !engineCustomization_.featureFlags().specialDays) return;
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!list[i].is(TokenType::specialDay)) continue;
+    const auto* day = list[i].metadataAs<SpecialDayTokenMetadata>();
+    const auto reading = day != nullptr ? specialDayReadingAt(list, i) : std::nullopt;
+    if (!reading) continue;
+    replaceRunByComponents(list, reading->first, reading->last,
+                           {reading->components, reading->type, /*ambiguous=*/false, day->specialDayType});
+    i = reading->first;
+  }
+}
+
+std::optional<DateParser::Reading> DateParser::specialDayReadingAt(const TokenList& list, std::size_t day) const {
+  const auto type = list[day].metadataAs<SpecialDayTokenMetadata>()->specialDayType;
+  const Calendar calendar = engineCustomization_.calendar();
+  // The days are named by the years of the Gregorian calendar, whatever the user's own.
+  const Calendar gregorian(Calendar::Identifier::gregorian, calendar.locale(), calendar.timeZone());
+  const Date now = Date::now();
+  const std::int64_t currentYear = gregorian.component(Component::year, now);
+  std::int64_t year = currentYear;
+  const auto thisYears = dateOf(type, year, gregorian);
+  if (!thisYears || *thisYears < gregorian.startOfDay(now)) ++year;
+
+  Reading reading{day, day, {}, Type::specialDay};
+  const auto before = list.indexBefore(day, /*ignoreWhitespace=*/true);
+  const auto after = list.indexAfter(day, /*ignoreWhitespace=*/true,
+                                     {TokenType::comma, TokenType::prepositionWord, TokenType::converterSymbol});
+  if (const auto ahead = yearsAheadBehind(list, day)) {
+    year += ahead->years;
+    reading.last = ahead->lastIndex;
+  } else if (const auto yearBehind = after ? definiteYearIn(&list[*after]) : std::nullopt) {
+    year = *yearBehind;
+    reading.last = *after;
+  } else if (const auto yearBefore = before ? definiteYearIn(&list[*before]) : std::nullopt) {
+    year = *yearBefore;
+    reading.first = *before;
+  } else if (const auto step = before ? stepOf(&list[*before]) : std::nullopt) {
+    year = currentYear + *step;
+    reading.first = *before;
+  }
+  const auto date = dateOf(type, year, gregorian);
+  if (!date) return std::nullopt;
+  reading.components = calendar.dateComponents(kDay, *date);
+  return reading;
 }
 
 // --- "next month" ---------------------------------------------------------------------------------------------------

@@ -170,9 +170,8 @@ void DateParser::identifyRelevantLaptimesIn(TokenList& list) {
 
     const auto after = list.indexAfter(i, /*ignoreWhitespace=*/true);
     const auto half = after ? dayHalfOf(&list[*after]) : std::nullopt;
-    const bool standsBesideDate =
-        list.tokenNeighbouring(list[i], TokenType::dateComponents, /*ignoreWhitespace=*/true,
-                               TokenTypeSet::randomWords) != nullptr;
+    const bool standsBesideDate = list.tokenNeighbouring(list[i], TokenType::dateComponents, /*ignoreWhitespace=*/true,
+                                                         TokenTypeSet::randomWords) != nullptr;
     if (!half && !standsBesideDate) continue;
     DateComponents time = timeOfDay(*laptime.hour, laptime.minute);
     time.second = seconds.intValue();

@@ -64,6 +64,10 @@ class Parser {
   /// on the customization of any line.
   static TokenList tokenListForPrototypeMatching(std::string_view expression);
 
+  /// Whether digits such as "3/4" may be meant as dates: behind its labels the line names a duration that no operator
+  /// makes a divisor, as in "3/4 + 2 weeks".
+  static bool shouldAttemptAmbiguousDateParsingIn(const TokenList& tokenList);
+
   const EngineCustomization& engineCustomization() const { return engineCustomization_; }
   const EngineContent& engineContent() const { return *engineContent_; }
   const std::shared_ptr<const EngineContent>& sharedEngineContent() const { return engineContent_; }

@@ -47,10 +47,23 @@ void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& con
 /// "here" → the calendar's own `timezone`.
 void identifyRelativePlacesIn(TokenList& list, const PassContext& context);
 
+// DateComponentPasses.cpp
+/// "March 5", "3pm", "2020-03-05", "next week", "christmas 2025" → `dateComponents`, piece by piece. Digits that may be
+/// something else are read as dates only where the line names a duration. Counts on units, zones and special days
+/// being known, and runs before numbers pair with units.
+void identifyDateComponentsIn(TokenList& list, const PassContext& context);
+/// "2024-03-05T14:30:00Z" → `datestamp`.
+void transformComponentsIntoIsoDatesIn(TokenList& list, const PassContext& context);
+
 // ZonePasses.cpp
 /// "3pm pt" and "3pm et" → `timezone`; "pacific time" alone → the time there. Counts on dates being read in pieces:
 /// without a time or a zone in the line "pt" stays the unit.
 void handleUSNamedTimezones(TokenList& list, const PassContext& context);
+
+// DateComponentPasses.cpp
+/// The pieces of dates with what stands beside them → `datestamp`, `datespan`: "Friday at 3pm in Tokyo" is one moment.
+/// What makes none goes back to words.
+void transformComponentsIntoDatesIn(TokenList& list, const PassContext& context);
 
 // NumberWordPasses.cpp
 /// "two hundred and five" becomes one number, and so does "3 thousand". A word among words stays a word: "five apples",
