@@ -10,9 +10,11 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
+#include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitRate.h"
 #include "TavrineCore/Parsing/Squad/ConverterTypes.h"
+#include "TavrineCore/Parsing/Squad/DateFormatTemplateParser.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -167,6 +169,9 @@ class ConverterFinder {
         if (before == nullptr) return std::nullopt;
         return Target{TokenSubType::unitExpressionConverter, next};
       }
+      case TokenType::label:
+      case TokenType::wordComment:
+        return dateFormatTemplate();
       case TokenType::dpSpecifier:
         return Target{TokenSubType::roundingToDpConverter, next};
       case TokenType::rate:
@@ -189,8 +194,24 @@ class ConverterFinder {
       if (value && kValuesAtWhichToConvert.contains(list_[*value].type)) {
         return {TokenSubType::unitConverterWithExplicitRate, *value};
       }
+      return {TokenSubType::unitConverter, next};
     }
-    return {TokenSubType::unitConverter, next};
+    return dateFormatTemplate().value_or(Target{TokenSubType::unitConverter, next});
+  }
+
+  /// "dd.MM.yyyy" behind a date, or behind a phrase that comes to one.
+  [[nodiscard]] std::optional<Target> dateFormatTemplate() const {
+    constexpr TokenTypeSet kDates{TokenType::datestamp, TokenType::unixTimestamp, TokenType::wordFunction};
+    if (!context_.features.dateTemplateFormatStrings) return std::nullopt;
+    const Token* date = list_.tokenBeforeMustBe(symbol_, kDates, /*ignoreWhitespace=*/true);
+    if (date == nullptr) return std::nullopt;
+    if (date->is(TokenType::wordFunction)) {
+      const auto function = date->functionIdentifier();
+      if (!function || returnTypeOf(*function) != TokenType::datestamp) return std::nullopt;
+    }
+    const auto slice = DateFormatTemplateParser::dateFormatConverterSliceFrom(symbol_, list_);
+    if (!slice) return std::nullopt;
+    return Target{TokenSubType::dateFormatTemplateConverter, slice->endIndex};
   }
 
   /// A word that names a date and a type: behind a converter symbol it is the type.

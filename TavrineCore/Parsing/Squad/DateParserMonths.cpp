@@ -15,14 +15,6 @@ namespace {
 /// The word of a calendar with a number of its own that the token is.
 const DateWord* calendarWordIn(const Token& token) {
   if (!token.is(TokenType::dateWord)) return nullptr;
-  switch (token.subType) {
-    case TokenSubType::dateWordMonthOfYear:
-    case TokenSubType::dateWordDayOfWeek:
-    case TokenSubType::dateWordQuarterOfYear:
-      break;
-    default:
-      return nullptr;
-  }
   const auto* metadata = token.metadataAs<DateWordTokenMetadata>();
   return metadata != nullptr && metadata->dateWord.index ? &metadata->dateWord : nullptr;
 }
