@@ -60,12 +60,14 @@ void identifyDateComponentsIn(TokenList& list, const PassContext& context) {
   dateParserFor(list, context).identifyDateComponentsIn(list);
 }
 
+// The pieces have been read: the options have no say any more.
+
 void transformComponentsIntoIsoDatesIn(TokenList& list, const PassContext& context) {
-  dateParserFor(list, context).transformComponentsIntoIsoDatesIn(list);
+  DateParser(context.customization, DateParsingOptions()).transformComponentsIntoIsoDatesIn(list);
 }
 
 void transformComponentsIntoDatesIn(TokenList& list, const PassContext& context) {
-  dateParserFor(list, context).transformComponentsIntoDatesIn(list);
+  DateParser(context.customization, DateParsingOptions()).transformComponentsIntoDatesIn(list);
 }
 
 }  // namespace passes

@@ -72,10 +72,15 @@ class MonthReader {
 
   void take(std::size_t index) {
     const auto number = dateNumberIn(list_[index]);
-    if (!year) year = definiteYear(*number);
-    if (!year && !day) day = possibleDayOfMonth(*number);
-    if (year != definiteYear(*number) && day != possibleDayOfMonth(*number)) return;
-    if (!definiteYear(*number) && !day) return;
+    const auto definite = definiteYear(*number);
+    const auto dayOfMonth = possibleDayOfMonth(*number);
+    if (!year && definite) {
+      year = definite;
+    } else if (!day && dayOfMonth) {
+      day = dayOfMonth;
+    } else {
+      return;
+    }
     extendTo(index);
   }
 
