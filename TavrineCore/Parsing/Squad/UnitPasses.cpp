@@ -248,18 +248,30 @@ void joinUnitsAndNumbers(TokenList& list, const PassContext& context) {
   }
 }
 
-/// "m^2".
+/// The unit in front of a stroke before the index: the metres of "m / s".
+std::optional<std::size_t> numeratorBefore(const TokenList& list, std::size_t index) {
+  const auto stroke = list.indexBefore(index, /*ignoreWhitespace=*/true);
+  if (!stroke || list[*stroke].stringValue != Parser::slash) return std::nullopt;
+  const auto numerator = list.indexBefore(*stroke, /*ignoreWhitespace=*/true);
+  return isAt(list, numerator, TokenType::unit) ? numerator : std::nullopt;
+}
+
+/// "m^2", "m / s^2".
 void joinUnitsAndPowers(TokenList& list, const PassContext& context) {
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(TokenType::operator_, TokenSubType::powerOperator)) continue;
-    const auto base = list.indexBefore(i, /*ignoreWhitespace=*/true);
+    auto first = list.indexBefore(i, /*ignoreWhitespace=*/true);
     const auto exponent = list.indexAfter(i, /*ignoreWhitespace=*/true);
-    if (!isAt(list, base, TokenType::unit) || !isAt(list, exponent, TokenType::number)) continue;
-    const std::string name = list[*base].stringValue + list[i].stringValue + list[*exponent].stringValue;
-    if (std::optional<TCUnit> unit = unitNamed(name, context)) {
-      replaceByUnit(list, *base, *exponent, *std::move(unit));
-      i = *base;
+    if (!isAt(list, first, TokenType::unit) || !isAt(list, exponent, TokenType::number)) continue;
+    const std::string name = list[*first].stringValue + list[i].stringValue + list[*exponent].stringValue;
+    std::optional<TCUnit> unit = unitNamed(name, context);
+    if (!unit) {
+      first = numeratorBefore(list, *first);
+      if (first) unit = unitNamed(list[*first].stringValue + std::string(Parser::slash) + name, context);
     }
+    if (!unit) continue;
+    replaceByUnit(list, *first, *exponent, *std::move(unit));
+    i = *first;
   }
 }
 
