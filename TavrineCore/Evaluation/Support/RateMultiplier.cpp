@@ -10,10 +10,6 @@ namespace tavrine {
 
 namespace {
 
-bool areConvertible(const TCUnit& unit1, const TCUnit& unit2) {
-  return haveEqualBaseUnits(unit1, unit2) || UnitRelations::mayGenerouslyConisiderUnitsToBeEquivalent(unit1, unit2);
-}
-
 bool isPerTime(const UnitRate& rate) { return !rate.ofUnit && rate.perUnit.unitType() == UnitType::duration; }
 
 /// What stands below the stroke of `left` is what `right` counts.

@@ -125,7 +125,8 @@ EvaluationResult withValue(const UnitRate& rate, const Decimal& value) {
 
 enum class Order { unitFirst, rateFirst };
 
-/// The rate counts as the quantity that it is ("$..." never, "10 km / 2 h" as 5 km/h), or else the quantity as a rate.
+/// The rate counts as a quantity where its units divide to one ("10 km / 2 h" is 5 km/h), or else the quantity as a
+/// rate.
 EvaluationResult sum(const UnitExpression& unit, const UnitRate& rate, UnitSum operation, Order order) {
   const auto sumOf = [&](const auto& a, const auto& b) { return operation == UnitSum::addition ? a + b : a - b; };
   const auto ordered = [&](const auto& a, const auto& b) {

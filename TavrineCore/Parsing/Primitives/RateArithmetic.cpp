@@ -9,10 +9,6 @@ namespace tavrine {
 
 namespace {
 
-bool areConvertible(const TCUnit& unit1, const TCUnit& unit2) {
-  return haveEqualBaseUnits(unit1, unit2) || UnitRelations::mayGenerouslyConisiderUnitsToBeEquivalent(unit1, unit2);
-}
-
 /// Whether the rates count the same kind of thing for each of the same kind.
 bool areOfTheSameKinds(const UnitRate& left, const UnitRate& right) {
   if (!areConvertible(left.perUnit, right.perUnit) || left.ofUnit.has_value() != right.ofUnit.has_value()) return false;

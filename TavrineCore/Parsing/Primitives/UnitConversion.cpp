@@ -16,11 +16,11 @@ constexpr int kRoundyVolumePlaces = 6;
 // The constant of degrees Fahrenheit ends after 35 places.
 constexpr int kTemperaturePlaces = 34;
 
+}  // namespace
+
 bool areConvertible(const TCUnit& unit1, const TCUnit& unit2) {
   return haveEqualBaseUnits(unit1, unit2) || UnitRelations::mayGenerouslyConisiderUnitsToBeEquivalent(unit1, unit2);
 }
-
-}  // namespace
 
 Decimal baseUnitValueOf(const TCUnit& unit) { return unit.coefficient() + unit.constant(); }
 

@@ -27,6 +27,9 @@ Decimal factorOf(const TCUnit& unit, const TCUnit& dimension);
 /// The same, but nothing where their kinds differ.
 std::optional<Decimal> ratioOf(const TCUnit& unit, const TCUnit& dimension);
 
+/// Whether both are of one kind, or of kinds taken as equivalent: torques are measured like energies.
+bool areConvertible(const TCUnit& unit1, const TCUnit& unit2);
+
 /// The same quantity in another unit of its kind or of a kind taken as equivalent; nothing for other kinds.
 std::optional<UnitExpression> convertedTo(const UnitExpression& expression, const TCUnit& unit);
 std::optional<UnitExpression> convertedTo(const UnitExpression& expression, UnitIdentifier unit);

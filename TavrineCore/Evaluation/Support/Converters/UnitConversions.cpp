@@ -15,7 +15,6 @@
 #include "TavrineCore/Parsing/Primitives/Laptime.h"
 #include "TavrineCore/Parsing/Primitives/Pitch.h"
 #include "TavrineCore/Parsing/Primitives/UnitConversion.h"
-#include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
@@ -39,10 +38,6 @@ std::optional<Token> secondsInto(const TCUnit& toUnit, const Decimal& seconds) {
 /// Of currencies and other units that are made anew for a query, the name tells.
 bool isSameUnit(const TCUnit& a, const TCUnit& b) {
   return a == b || (a.identifier() == b.identifier() && a.identifier() != UnitIdentifier::undefined);
-}
-
-bool areOfOneKind(const TCUnit& a, const TCUnit& b) {
-  return haveEqualBaseUnits(a, b) || UnitRelations::mayGenerouslyConisiderUnitsToBeEquivalent(a, b);
 }
 
 Token unixTimestampInto(const TCUnit& toUnit, const Token& operand) {
@@ -157,7 +152,7 @@ Token intoUnitWithSpecifiedRate(const ConverterOperands& operands) {
   const Token* rate = parts ? parts->getLastToken(/*ignoringWhitespace=*/true) : nullptr;
   const std::optional<TCUnit> toUnit = target != nullptr ? target->unitValue() : std::nullopt;
   if (!expression || !toUnit || rate == nullptr) return Token();
-  if (!areOfOneKind(expression->unit, *toUnit)) return unitMismatch();
+  if (!areConvertible(expression->unit, *toUnit)) return unitMismatch();
   const std::optional<Decimal> factor = specifiedRate(*rate, expression->unit, *toUnit);
   if (!factor) return errorToken(EvaluationError::UnsupportedRate);
   return tokenOf({expression->value * *factor, *toUnit});
