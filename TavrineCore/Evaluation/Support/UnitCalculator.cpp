@@ -174,6 +174,8 @@ EvaluationResult rateByRate(const UnitRate& rate1, const UnitRate& rate2) {
   if (const auto expression = equivalentUnitExpressionOf(rate2)) {
     if (auto result = RateMultiplier::multiplied(rate1, *expression)) return *result;
   }
+  // The units below the first stroke convert to those above the second; "8 hours/day * $20/min" has it the other way.
+  if (auto result = RateMultiplier::multiplied(rate2, rate1)) return *result;
   return failure(EvaluationError::UnsupportedUnitMultiplication);
 }
 
