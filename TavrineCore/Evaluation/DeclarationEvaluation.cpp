@@ -135,7 +135,8 @@ Token evaluateDeclaration(const Token& declaration) {
     return declared(*variable, nameIn(tokens), std::move(definition));
   }
   if (const auto* unit = declaration.metadataAs<UnitDeclarationTokenMetadata>()) {
-    return TokenFactory::unitExpressionWith(unit->value, unit->equivalentUnitExpression.unit);
+    // "2 sprints = 4 weeks" answers what the sprints are worth, like a variable.
+    return TokenFactory::unitExpressionWith(unit->equivalentUnitExpression.value, unit->equivalentUnitExpression.unit);
   }
   return Token();
 }

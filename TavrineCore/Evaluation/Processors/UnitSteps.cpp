@@ -55,11 +55,30 @@ std::size_t convertIntoBareUnit(EditableTokenList& list, std::size_t index, cons
   return list.replace(index, index, TokenFactory::converterToUnitWith(list[index].metadata));
 }
 
-Token negatedAmount(const Token& amount) {
+/// Behind degrees the marks for feet and inches, and minutes and seconds of time, divide the degree: 45° 30' is 45.5°.
+UnitIdentifier partOfDegree(UnitIdentifier identifier) {
+  switch (identifier) {
+    case UnitIdentifier::feet:
+    case UnitIdentifier::minutes:
+      return UnitIdentifier::arcMinutes;
+    case UnitIdentifier::inches:
+    case UnitIdentifier::seconds:
+      return UnitIdentifier::arcSeconds;
+    default:
+      return identifier;
+  }
+}
+
+Token amountIn(const Token& amount, bool isOfDegrees, bool isNegative) {
   const auto* metadata = amount.metadataAs<UnitExpressionTokenMetadata>();
   if (metadata == nullptr) return amount;
-  return TokenFactory::unitExpressionWith(metadata->numericValue.decimalValue.negated(), metadata->numericValue.scalar,
-                                          metadata->unitMetaData.underlyingTCUnit, metadata->prefersCompoundFormatting);
+  const TCUnit& unit = metadata->unitMetaData.underlyingTCUnit;
+  const UnitIdentifier part = partOfDegree(unit.identifier());
+  const bool isRenamed = isOfDegrees && part != unit.identifier();
+  if (!isRenamed && !isNegative) return amount;
+  const Decimal& value = metadata->numericValue.decimalValue;
+  return TokenFactory::unitExpressionWith(isNegative ? value.negated() : value, metadata->numericValue.scalar,
+                                          isRenamed ? unitOf(part) : unit, metadata->prefersCompoundFormatting);
 }
 
 /// "5 ft 3 in" → (3 in + 5 ft). A sign that was taken off the first part is one before the whole: "-5 ft 3 in" is
@@ -71,12 +90,15 @@ std::size_t addUpCompoundUnit(EditableTokenList& list, std::size_t index, const 
   const bool isNegative = first != nullptr && first->is(TokenType::operator_, TokenSubType::subtractionOperator);
   const Token* before = isNegative ? list.tokenAt(list.previous(index, TokenTypeSet::randomWords)) : nullptr;
   const bool isSubtracted = before != nullptr && (before->hasDecimalValue() || before->is(TokenType::subexpression));
+  const Token* largest = parts->firstTokenOfType(TokenType::unitExpression);
+  const std::optional<TCUnit> largestUnit = largest != nullptr ? largest->unitValue() : std::nullopt;
+  const bool isOfDegrees = largestUnit && largestUnit->identifier() == UnitIdentifier::degrees;
   std::vector<Token> sum;
   for (std::size_t i = parts->count(); i-- > 0;) {
     const Token& part = (*parts)[i];
     if (!part.is(TokenType::unitExpression)) continue;
     if (!sum.empty()) sum.push_back(operatorToken(TokenSubType::additionOperator, "+"));
-    sum.push_back(isNegative && !isSubtracted ? negatedAmount(part) : part);
+    sum.push_back(amountIn(part, isOfDegrees, isNegative && !isSubtracted));
   }
   Token whole = subexpressionOver(std::move(sum));
   if (!isSubtracted) return list.replace(index, index, std::move(whole));

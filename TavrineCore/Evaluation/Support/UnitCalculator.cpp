@@ -150,8 +150,9 @@ EvaluationResult rateByUnit(const UnitRate& rate, const UnitExpression& expressi
   return result ? *result : failure(EvaluationError::UnsupportedUnitMultiplication);
 }
 
-/// "$40 / ($2 / hour)" is 20 hours.
-EvaluationResult unitByRate(const UnitExpression& expression, const UnitRate& rate) {
+/// "$40 / ($2 / hour)" is 20 hours. Nothing where the rate counts another kind of unit: no unit is left for "5 km /
+/// ($10 / hour)".
+Answer unitByRate(const UnitExpression& expression, const UnitRate& rate) {
   if (rate.value.isZero()) return failure(EvaluationError::DivideByZero);
   if (rate.ofUnit) {
     const EvaluationResult times = divided(expression, {rate.value, *rate.ofUnit});
@@ -164,6 +165,7 @@ EvaluationResult unitByRate(const UnitExpression& expression, const UnitRate& ra
     const EvaluationResult ratio = divided(*asRate, rate);
     if (ratio.is(EvaluationResultCase::decimal)) return ratio;
   }
+  if (rate.ofUnit) return std::nullopt;
   const Decimal value = expression.value / rate.value;
   if (const auto ratio = ratioOf(expression.unit, rate.perUnit)) return EvaluationResult::decimal(value * *ratio);
   return EvaluationResult::unitRate({value, expression.unit, rate.perUnit});

@@ -81,6 +81,15 @@ std::optional<Decimal> valuePer(const TCUnit& toUnit, const Decimal& value, cons
   return value * baseUnitValueOf(toUnit) / baseUnitValueOf(perUnit);
 }
 
+/// "5 min / km in km/h": a pace is a speed upside down.
+Token turnedOverInto(const UnitRate& rate, const TCUnit& toUnit) {
+  const std::optional<UnitRate> turned = reciprocalOf(rate);
+  const std::optional<UnitExpression> quantity = turned ? equivalentUnitExpressionOf(*turned) : std::nullopt;
+  if (!quantity || !haveEqualBaseUnits(quantity->unit, toUnit)) return unitMismatch();
+  std::optional<Token> converted = convertedQuantity(*quantity, toUnit);
+  return converted ? *std::move(converted) : unitMismatch();
+}
+
 Token unitRateInto(const UnitRate& rate, const TCUnit& toUnit) {
   // "60 km / h in mph": the rate is a quantity by itself.
   if (const auto quantity = equivalentUnitExpressionOf(rate)) {
@@ -93,8 +102,10 @@ Token unitRateInto(const UnitRate& rate, const TCUnit& toUnit) {
   // "5 / day in km" says what is counted.
   if (!rate.ofUnit) return tokenOf({rate.value, toUnit, rate.perUnit});
   // "$20 / hour in €"
-  const std::optional<UnitExpression> counted = to(UnitExpression{rate.value, *rate.ofUnit}, toUnit);
-  return counted ? tokenOf({counted->value, toUnit, rate.perUnit}) : unitMismatch();
+  if (const auto counted = to(UnitExpression{rate.value, *rate.ofUnit}, toUnit)) {
+    return tokenOf({counted->value, toUnit, rate.perUnit});
+  }
+  return turnedOverInto(rate, toUnit);
 }
 
 }  // namespace
