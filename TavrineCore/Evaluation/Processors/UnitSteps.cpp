@@ -7,6 +7,7 @@
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "TavrineCore/Parsing/Primitives/UnitRate.h"
 #include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
@@ -163,19 +164,37 @@ std::size_t bracketDivisionBeforeRateConverter(EditableTokenList& list, std::siz
   return list.wrap(*dividend, *divisor);
 }
 
-/// Whether the token is a rate, or a bracket with a rate and nothing else.
-bool isRate(const Token& token) {
-  if (token.is(TokenType::rate)) return true;
-  if (!token.is(TokenType::subexpression) || !token.subtokens) return false;
+/// The token, if it is a rate, or the rate that a bracket holds and nothing else; null otherwise.
+const Token* rateIn(const Token& token) {
+  if (token.is(TokenType::rate)) return &token;
+  if (!token.is(TokenType::subexpression) || !token.subtokens) return nullptr;
   const Token* only = token.subtokens->onlyMeaningfulToken();
-  return only != nullptr && only->is(TokenType::rate);
+  return only != nullptr && only->is(TokenType::rate) ? only : nullptr;
 }
 
 bool isMultiplied(const EditableTokenList& list, std::size_t index) {
   return isOperation(list, list.previous(index), TokenSubType::multiplicationOperator);
 }
 
-/// "8 hours * $10 / hour" → "8 hours * ($10 / hour)": the division is a rate in the unit that it is multiplied with.
+bool areOfOneKind(const std::optional<TCUnit>& left, const std::optional<TCUnit>& right) {
+  return left && right && haveEqualBaseUnits(*left, *right);
+}
+
+/// Whether the quotient is something by itself that the multiplicand goes with: "8 hours * $80 / 4 hours" is paid by
+/// the hour, in "10 kg * 5 m / 2 m" the lengths are a number, and "60 W * 10 kg / (2 kg / h)" takes 5 hours. Not in
+/// "2 hours * $40 / ($20 / hour)": hours by hours have no unit.
+bool isFactorOf(const Token& multiplicand, const Token& dividend, const Token& divisor) {
+  const std::optional<TCUnit> unit = multiplicand.unitValue();
+  if (const Token* rate = rateIn(divisor)) {
+    const std::optional<UnitRate> unitRate = rate->unitRateValue();
+    return !unitRate || !areOfOneKind(unit, unitRate->perUnit);
+  }
+  if (!divisor.is(TokenType::unitExpression)) return false;
+  const std::optional<TCUnit> below = divisor.unitValue();
+  return areOfOneKind(unit, below) || areOfOneKind(dividend.unitValue(), below);
+}
+
+/// "8 hours * $80 / 4 hours" → "8 hours * ($80 / 4 hours)".
 std::size_t bracketUnitDivision(EditableTokenList& list, std::size_t index, const Token* parent) {
   if (isIn(parent, TokenType::wordFunction) || list[index].subType != TokenSubType::divisionOperator) return index;
   const auto dividend = list.previous(index);
@@ -184,11 +203,7 @@ std::size_t bracketUnitDivision(EditableTokenList& list, std::size_t index, cons
 
   const auto multiplicand = list.previous(*list.previous(*dividend));
   if (!list.is(multiplicand, TokenType::unitExpression)) return index;
-  if (isRate(list[*divisor])) return list.wrap(*dividend, *divisor);
-  if (!list.is(divisor, TokenType::unitExpression)) return index;
-  const std::optional<TCUnit> left = list[*multiplicand].unitValue();
-  const std::optional<TCUnit> right = list[*divisor].unitValue();
-  return left && right && haveEqualBaseUnits(*left, *right) ? list.wrap(*dividend, *divisor) : index;
+  return isFactorOf(list[*multiplicand], list[*dividend], list[*divisor]) ? list.wrap(*dividend, *divisor) : index;
 }
 
 }  // namespace
