@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "TavrineCore/Customization/Currencies/MockCurrencyRateProvider.h"
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineContentCache.h"
 #include "TavrineCore/Customization/Engine/StaticResouces.h"
@@ -211,7 +212,10 @@ TEST_F(UnitListTest, KnowsMoneyByCodeWordAndSign) {
   EngineCustomization canadian = real.convertTo(Locale("en_CA"));
   EngineCustomization ownSigns = real;
   ownSigns.setCurrencySymbolSettings(
-      CurrencySymbolSettings::manualWith({{"EUR", "E", UnitSymbolReplacementPosition::before}}));
+      CurrencySymbolSettings::manualWith({{"EUR", "E", UnitSymbolReplacementPosition::before},
+                                          {"TOP", "Pa'", UnitSymbolReplacementPosition::before},
+                                          {"KGS", "som", UnitSymbolReplacementPosition::after},
+                                          {"DOP", "RD$", UnitSymbolReplacementPosition::before}}));
   struct Case {
     const EngineCustomization* customization;
     std::string_view word;
@@ -233,6 +237,9 @@ TEST_F(UnitListTest, KnowsMoneyByCodeWordAndSign) {
       {&canadian, "C$", currencyCAD},
       {&canadian, "US$", currencyUSD},
       {&ownSigns, "E", currencyEUR},
+      // Codes that in lower case are no word, or kilograms.
+      {&ownSigns, "Pa'", currencyTOP},
+      {&ownSigns, "som", currencyKGS},
       // Without real money there are four currencies to test with.
       {&plain_, "$", currencyUSD},
       {&plain_, "EUR", currencyEUR},
@@ -246,6 +253,18 @@ TEST_F(UnitListTest, KnowsMoneyByCodeWordAndSign) {
   }
   EXPECT_TRUE(UnitList(real).isCurrencySubstitution("$"));
   EXPECT_FALSE(UnitList(real).isCurrencySubstitution("usd"));
+  EXPECT_TRUE(UnitList(ownSigns).beginsMultiWordUnit("RD"));
+}
+
+TEST_F(UnitListTest, HasTheRatesOfTheMoment) {
+  const auto provider = std::make_shared<MockCurrencyRateProvider>(StringMap<Decimal>{{"GBP", decimal("0.5")}});
+  EngineCustomization customization = plain_;
+  customization.setCurrencyRateProvider(provider);
+  const UnitList units(customization);
+  EXPECT_EQ(units.quickLookup("gbp")->coefficient(), Decimal(2));
+  provider->setRatesOfNextUpdate({{"GBP", decimal("0.8")}});
+  ASSERT_TRUE(provider->updateRates({}));
+  EXPECT_EQ(units.quickLookup("gbp")->coefficient(), decimal("1.25"));
 }
 
 TEST_F(UnitListTest, MakesTheUnitsOfACustomization) {

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <utility>
 
+#include "Foundation/Text.h"
 #include "TavrineCore/Customization/Currencies/CurrencyAliasesProvider.h"
 #include "TavrineCore/Customization/Engine/PerCurrentLocale.h"
 #include "TavrineCore/Customization/Engine/StaticResouces.h"
@@ -41,24 +42,10 @@ constexpr UnitIdentifierSet allMoneyWithout(std::initializer_list<UnitIdentifier
   return result;
 }
 
-// Names and codes of money that people write before a number with another meaning, in lower case.
+// Names and codes of money that people write before a number with another meaning, as a verb or as somebody's name.
 constexpr auto kOrdinaryWords = std::to_array<std::string_view>({
-    "bam",
-    "cad",
-    "cop",
-    "dash",
-    "gel",
-    "imp",
-    "mad",
-    "mop",
-    "neo",
-    "pen",
-    "php",
-    "sol",
-    "sos",
-    "std",
-    "try",
-    "won",
+    "ada", "bam", "bnb",   "buck", "cad", "cop", "dash", "gel", "imp",   "luna", "mad", "mop",
+    "neo", "pen", "penny", "php",  "ron", "sol", "sos",  "std", "terra", "try",  "won",
 });
 static_assert(std::ranges::is_sorted(kOrdinaryWords));
 
@@ -105,7 +92,7 @@ constinit const UnitIdentifierSet CurrencyList::currenciesThatMustBeUppercased =
                                                                                   currencyDOT};
 
 bool CurrencyList::isOrdinaryWordBeforeNumbers(std::string_view text) {
-  return std::ranges::binary_search(kOrdinaryWords, text);
+  return !unitIdentifierFor(text) && std::ranges::binary_search(kOrdinaryWords, lowercased(text));
 }
 
 std::span<const FractionalCurrency> CurrencyList::fractionalCurrencyRecords() { return kFractionalCurrencies; }

@@ -40,7 +40,8 @@ class CurrencyList final : public CurrencyRateProvider {
   /// Those whose codes are ordinary words in lower case: "top", "Bob", "dot".
   static const UnitIdentifierSet currenciesThatMustBeUppercased;
 
-  /// Whether the text names money only behind a number: "5000 won", but not "we won 5 games".
+  /// Whether the text names money only behind a number: "5000 won", but not "we won 5 games", "Try 5" or "Ada 5". A
+  /// code in capitals is money on either side.
   static bool isOrdinaryWordBeforeNumbers(std::string_view text);
 
   static std::span<const FractionalCurrency> fractionalCurrencyRecords();

@@ -34,7 +34,8 @@ class CurrencyRateProvider {
   /// The rate as last known, at once; absent when the currency is unknown here.
   [[nodiscard]] virtual std::optional<Decimal> rateFor(const CurrencyRateRequest& request) = 0;
 
-  /// Fetches fresh rates; blocks, and is called from background threads only. Whether there are any.
+  /// Fetches fresh rates; blocks. Whether there are any. When is a host's business: the engine asks for a rate each
+  /// time that it meets a currency, so that an update counts from the next line on.
   virtual bool updateRates(std::stop_token /*stop*/) { return false; }
 };
 

@@ -43,11 +43,11 @@ bool isNothingButAsciiLetters(std::string_view text) {
 UnitListCache::UnitListCache(const EngineCustomization& customization)
     : generateDiacriticFreeVariants_(customization.locale().isSpanish()) {
   unitDescriptionsByIdentifier_.fill(kNone);
-  const auto* const ownSigns = customization.currencySymbolSettings().symbols();
-  cacheSigns(ownSigns != nullptr ? *ownSigns : UnitSymbolReplacement::typedSymbolsFor(customization.locale()));
   cacheAll(StaticResouces::localizedUnitDescriptions());
   if (customization.featureFlags().seeksFutureDate) cacheShorthands();
   cacheAll(hasRealCurrencies(customization) ? CurrencyList::localizedUnitDescriptions() : debugUnitDescriptions());
+  const auto* const ownSigns = customization.currencySymbolSettings().symbols();
+  cacheSigns(ownSigns != nullptr ? *ownSigns : UnitSymbolReplacement::typedSymbolsFor(customization.locale()));
   cacheCustomUnits(customization.customUnits());
 }
 
@@ -73,8 +73,17 @@ const std::string* UnitListCache::querySubstitutionFor(std::string_view sign) co
 
 void UnitListCache::cacheSigns(const std::vector<UnitSymbolReplacement>& signs) {
   for (const UnitSymbolReplacement& sign : signs) {
-    querySubstitutions_.insert_or_assign(sign.replacementSymbol, lowercased(sign.originalSymbol));
+    querySubstitutions_.insert_or_assign(sign.replacementSymbol, wordFor(sign.originalSymbol));
+    cacheFirstWord(sign.replacementSymbol);
   }
+}
+
+std::string UnitListCache::wordFor(const std::string& code) const {
+  std::string word = lowercased(code);
+  const std::optional<UnitIdentifier> currency = CurrencyList::unitIdentifierFor(code);
+  if (!currency) return word;
+  const DescriptionPointer* const meaning = unitDescriptionForQuery(word);
+  return meaning != nullptr && (*meaning)->associatedUnitIdentifier == *currency ? word : code;
 }
 
 void UnitListCache::cacheAll(const std::shared_ptr<const Descriptions>& descriptions) {

@@ -35,7 +35,7 @@ class UnitListCache {
   [[nodiscard]] const DescriptionPointer* unitDescriptionForQuery(std::string_view word) const;
   /// The first description of the identifier; null when there is none.
   [[nodiscard]] const DescriptionPointer* unitDescriptionFor(UnitIdentifier identifier) const;
-  /// The lower-case word that a currency's sign stands for: "usd" for "$"; null for all other texts.
+  /// The word that a currency's sign stands for: "usd" for "$"; null for all other texts.
   [[nodiscard]] const std::string* querySubstitutionFor(std::string_view sign) const;
   /// The first lexeme of each name that has several.
   [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const { return firstWordsInMultiWordUnitsCache_; }
@@ -50,7 +50,11 @@ class UnitListCache {
   using Index = std::uint16_t;
   static constexpr Index kNone = 0xffff;
 
+  /// After the words, which tell what a code means in lower case.
   void cacheSigns(const std::vector<UnitSymbolReplacement>& signs);
+  /// The code in lower case, or as it is where that is another word: "usd", but "TOP", and "KGS" since "kgs" are
+  /// kilograms.
+  [[nodiscard]] std::string wordFor(const std::string& code) const;
   void cacheAll(const std::shared_ptr<const std::vector<UnitDescription>>& descriptions);
   void cache(DescriptionPointer description);
   void cacheShorthands();
