@@ -34,9 +34,9 @@ bool hasRealCurrencies(const EngineCustomization& customization) {
   return customization.currencySet() == CurrencySet::realWorldPlusCrypto;
 }
 
-bool isNothingButAsciiLetters(std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
-}
+bool isAsciiLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+bool isNothingButAsciiLetters(std::string_view text) { return std::all_of(text.begin(), text.end(), isAsciiLetter); }
 
 }  // namespace
 
@@ -141,9 +141,13 @@ void UnitListCache::cacheWord(std::string_view word, Index index) {
 }
 
 void UnitListCache::cacheFirstWord(std::string_view name) {
-  // Most names are plain words: those need no lexer.
-  if (isNothingButAsciiLetters(name)) return;
-  if (const auto first = firstWord(name)) firstWordsInMultiWordUnitsCache_.emplace(*first);
+  // Most names are plain words, or several with blanks between them: those need no lexer.
+  const auto end = std::find_if_not(name.begin(), name.end(), isAsciiLetter);
+  if (end == name.end()) return;
+  const bool isPlain = end != name.begin() && *end == ' ';
+  const auto first = isPlain ? std::optional(std::string_view(name.begin(), end)) : firstWord(name);
+  // Asked first, since an attempt to insert makes a string.
+  if (first && !firstWordsInMultiWordUnitsCache_.contains(*first)) firstWordsInMultiWordUnitsCache_.emplace(*first);
 }
 
 std::string_view UnitListCache::keep(std::string word) {
