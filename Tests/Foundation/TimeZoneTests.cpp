@@ -3,7 +3,6 @@
 #include "Foundation/Locale.h"
 #include "Foundation/PosixZoneRule.h"
 #include "Foundation/TimeZone.h"
-#include "Foundation/TimeZoneAbbreviations.h"
 #include "Foundation/ZoneRules.h"
 
 namespace tavrine::foundation {
@@ -66,13 +65,6 @@ TEST(TimeZoneTests, NamesZones) {
   EXPECT_EQ(TimeZone("GMT+3").localizedName(TimeZone::NameStyle::longName, summer, Locale("en_US")), "GMT+03:00");
   EXPECT_EQ(TimeZone("UTC").localizedName(TimeZone::NameStyle::longName, summer, Locale("en_US")),
             "Coordinated Universal Time");
-}
-
-TEST(TimeZoneTests, FindsZonesByAbbreviation) {
-  const TimeZoneAbbreviations abbreviations({{"pst", "America/Los_Angeles"}, {"xyz", "Nowhere/Else"}});
-  EXPECT_EQ(abbreviations.zoneFor("PST"), TimeZone("America/Los_Angeles"));
-  EXPECT_FALSE(abbreviations.zoneFor("xyz"));
-  EXPECT_FALSE(abbreviations.zoneFor("cest"));
 }
 
 TEST(TimeZoneTests, FollowsTheRuleBeyondTheTable) {

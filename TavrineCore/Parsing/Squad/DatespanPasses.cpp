@@ -1,5 +1,6 @@
 // Dates beside dates: spans such as "3 - 5 March", and dates without a year that have to come before or after others.
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -11,6 +12,8 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Parsing/Helpers/AmbiguousDatestampIntervalResolver.h"
 #include "TavrineCore/Parsing/Primitives/CalendarComponentSet.h"
+#include "TavrineCore/Parsing/Squad/DateNumbers.h"
+#include "TavrineCore/Parsing/Squad/DateParser.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
@@ -23,10 +26,6 @@ namespace tavrine::passes {
 namespace {
 
 using Component = Calendar::Component;
-
-/// What is written in years of four digits, and not meant as a count.
-constexpr std::int64_t kFirstRecentYear = 1901;
-constexpr std::int64_t kLastRecentYear = 2101;
 
 const Datestamp* datestampIn(const Token& token) {
   const auto* metadata = token.is(TokenType::datestamp) ? token.metadataAs<DatestampTokenMetadata>() : nullptr;
@@ -106,13 +105,13 @@ bool tellsDayOrMonth(DatestampType type) {
   return told.contains(Component::day) || told.contains(Component::month);
 }
 
-/// From what stands on the left to what stands on the right. Gives the index of the span.
+/// From the earlier of the two days to the later, on whichever side each stands. Gives the index of the span.
 std::optional<std::size_t> wrapDatespan(TokenList& list, const JoinedNumber& joined, const PassContext& context) {
   const Date date = datestampIn(list[joined.date])->date;
   const auto otherDate = dayInMonthOf(date, list[joined.number]);
   if (!otherDate) return std::nullopt;
   const bool numberIsLeft = joined.number < joined.date;
-  const Datespan span{numberIsLeft ? *otherDate : date, numberIsLeft ? date : *otherDate, DatespanType::dateInterval,
+  const Datespan span{std::min(date, *otherDate), std::max(date, *otherDate), DatespanType::dateInterval,
                       DatespanSubtype::notSpecified};
   const std::size_t first = numberIsLeft ? joined.number : joined.date;
   const std::size_t last = numberIsLeft ? joined.date : joined.number;
@@ -125,15 +124,13 @@ std::optional<std::size_t> wrapDatespan(TokenList& list, const JoinedNumber& joi
 
 /// "today - 2020": the number is the start of that year.
 void readAsYear(TokenList& list, std::size_t number, const PassContext& context) {
-  const auto year = wholeNumberIn(list[number], kFirstRecentYear, kLastRecentYear);
+  const auto value = dateNumberIn(list[number]);
+  const auto year = value ? recentYear(*value) : std::nullopt;
   if (!year) return;
   const Calendar calendar = Calendar::current();
   DateComponents components;
   components.year = year;
-  components.month = 1;
-  components.day = 1;
-  components.hour = 0;
-  components.minute = 0;
+  fillInMissingComponents(components, DatestampType::nakedYear, calendar, Date::now());
   const auto date = calendar.dateFrom(components);
   if (!date) return;
   auto metadata = std::make_shared<const DatestampTokenMetadata>(

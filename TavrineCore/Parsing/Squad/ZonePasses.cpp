@@ -22,9 +22,13 @@ namespace {
 
 constexpr TokenTypeSet kTimes{TokenType::dateComponents, TokenType::datestamp};
 
-/// "et" is no unit, so it is told by the time that it stands behind.
+/// "et" is no unit, so it is told by the time that it stands behind: "3pm et", "3pm to et", "3pm pt to et".
 bool standsBehindTime(const TokenList& list, std::size_t index) {
-  return list.tokenBeforeMustBe(index, kTimes, /*ignoreWhitespace=*/true, {TokenType::converterSymbol}) != nullptr;
+  auto before = list.indexBefore(index, /*ignoreWhitespace=*/true);
+  if (before && list[*before].is(TokenType::converterSymbol)) {
+    before = list.indexBefore(*before, /*ignoreWhitespace=*/true, {TokenType::timezone});
+  }
+  return before && kTimes.contains(list[*before].type);
 }
 
 Token nowIn(const Place& place, const PassContext& context) {
@@ -40,7 +44,8 @@ Token nowIn(const Place& place, const PassContext& context) {
 void handleUSNamedTimezones(TokenList& list, const PassContext& context) {
   constexpr TokenTypeSet kCandidates{TokenType::unit, TokenType::timezone, TokenType::unidentified};
   constexpr std::size_t kLongestName = 16;
-  for (std::size_t i = list.count(); i-- > 0;) {
+  // From the left, since a zone may be told by the one before it.
+  for (std::size_t i = 0; i < list.count(); ++i) {
     const Token& token = list[i];
     if (!kCandidates.contains(token.type) || token.stringValue.size() > kLongestName) continue;
     if (token.is(TokenType::unidentified) && !standsBehindTime(list, i)) continue;
