@@ -138,6 +138,25 @@ bool tellsZone(const icu::UnicodeString& pattern) {
   return false;
 }
 
+/// The pattern with the era beside the year: behind it, or before it where a word for "year" follows. Unchanged where
+/// no year is told or the era is.
+icu::UnicodeString withEra(icu::UnicodeString pattern) {
+  bool isQuoted = false;
+  std::int32_t year = -1;
+  for (std::int32_t i = 0; i < pattern.length(); ++i) {
+    if (pattern[i] == u'\'') isQuoted = !isQuoted;
+    if (isQuoted) continue;
+    if (pattern[i] == u'G') return pattern;
+    if (pattern[i] == u'y' && year < 0) year = i;
+  }
+  if (year < 0) return pattern;
+  std::int32_t end = year;
+  while (end < pattern.length() && pattern[end] == u'y') ++end;
+  constexpr char16_t kLastAsciiCharacter = 0x7F;
+  const bool isBeforeWord = end < pattern.length() && pattern[end] > kLastAsciiCharacter;
+  return isBeforeWord ? pattern.insert(year, u'G') : pattern.insert(end, u" G");
+}
+
 double millisecondsOf(const Moment& moment) {
   return static_cast<double>(moment.seconds * 1000 + moment.nanoseconds / 1'000'000);
 }
@@ -171,7 +190,15 @@ class PatternFormatter {
     if (U_FAILURE(status)) return {};
     icu::UnicodeString text;
     icu::FieldPosition position;
-    return utf8From(format_->format(*calendar_, text, position));
+    if (calendar_->get(UCAL_ERA, status) != icu::GregorianCalendar::BC) {
+      return utf8From(format_->format(*calendar_, text, position));
+    }
+    // Years before the first are counted backwards, and read as another year without their era.
+    icu::UnicodeString pattern;
+    format_->toPattern(pattern);
+    icu::SimpleDateFormat early(*format_);
+    early.applyPattern(withEra(std::move(pattern)));
+    return utf8From(early.format(*calendar_, text, position));
   }
 
  private:

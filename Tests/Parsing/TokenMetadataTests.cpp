@@ -151,6 +151,26 @@ TEST(TokenValueTests, readsUnits) {
   EXPECT_FALSE(list.unitTypesCache().contains(UnitType::area));
 }
 
+TEST(TokenValueTests, readsMoments) {
+  const auto moment = TokenFactory::numberWith(dec("-1.5")).datestampValue();
+  ASSERT_TRUE(moment);
+  EXPECT_EQ(moment->date.timeIntervalSince1970(), -1.5);
+  EXPECT_EQ(moment->type, DatestampType::unixTimestamp);
+  EXPECT_EQ(TokenFactory::numberWith(dec("1e30")).datestampValue(), std::nullopt);
+  EXPECT_EQ(TokenFactory::percentageWith(dec("0.2")).datestampValue(), std::nullopt);
+
+  // Of what was written: a time of day tells no year. The clocks are those of the date, not of the reader.
+  const auto zone = TimeZone::withSecondsFromGMT(2 * 3600);
+  ASSERT_TRUE(zone);
+  const CalendarEnvironment environment(Calendar::current());
+  const auto componentsAs = [&](DatestampType type) {
+    return TokenFactory::datestampWith({Date(1'709'596'800), type, *zone}, environment).dateComponentsValue();
+  };
+  EXPECT_EQ(componentsAs(DatestampType::dayMonthYear), (DateComponents{.year = 2024, .month = 3, .day = 5}));
+  EXPECT_EQ(componentsAs(DatestampType::clockTime), (DateComponents{.hour = 2, .minute = 0}));
+  EXPECT_EQ(TokenFactory::numberWith(5).dateComponentsValue(), std::nullopt);
+}
+
 TEST(TokenValueTests, expandsVariables) {
   Variable undefined("a", "5", Variable::VariableType::local);
   EXPECT_EQ(TokenFactory::variable(undefined).expandedVariable(), std::nullopt);

@@ -11,7 +11,11 @@ namespace tavrine {
 
 namespace {
 
+using namespace foundation::literals;
 using Component = Calendar::Component;
+
+/// Where the calendar ends.
+constexpr Decimal kMostSecondsFrom1970 = "1.5e14"_dec;
 
 Decimal secondsOfDay(const Datestamp& datestamp) {
   const Calendar calendar = Calendar::current();
@@ -28,6 +32,11 @@ Timespan measured(const Calendar& calendar, const CalendarComponentSet& componen
 }
 
 }  // namespace
+
+std::optional<Datestamp> datestampOfUnixTime(const Decimal& seconds) {
+  if (seconds.isNaN() || seconds.magnitude() > kMostSecondsFrom1970) return std::nullopt;
+  return Datestamp{Date(seconds.doubleValue()), DatestampType::unixTimestamp, Calendar::current().timeZone()};
+}
 
 std::optional<Timespan> timespanOf(const Datestamp& datestamp) {
   if (!calendarComponentsRepresentedBy(datestamp.type).contains(Component::hour)) return std::nullopt;

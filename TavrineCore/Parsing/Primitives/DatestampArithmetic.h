@@ -13,6 +13,9 @@
 
 namespace tavrine {
 
+/// The moment so many seconds from 1970 on, on the clocks of here; absent beyond the calendar.
+std::optional<Datestamp> datestampOfUnixTime(const Decimal& seconds);
+
 /// The time of day as a duration; absent where the date wasn't written with one.
 std::optional<Timespan> timespanOf(const Datestamp& datestamp);
 

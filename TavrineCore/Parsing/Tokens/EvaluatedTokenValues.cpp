@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "Foundation/Diagnostics.h"
+#include "TavrineCore/Parsing/Primitives/DatestampArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 #include "TavrineCore/Parsing/Tokens/AmountMetadata.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
@@ -48,6 +49,7 @@ Percentage Token::percentageValue() const {
 
 std::optional<Datestamp> Token::datestampValue() const {
   if (const auto* it = metadataAs<DatestampTokenMetadata>()) return it->datestamp;
+  if (is(TokenType::number)) return datestampOfUnixTime(decimalValue());
   if (!is(TokenType::subexpression)) return std::nullopt;
   const Token answer = evaluated();
   return answer.is(TokenType::subexpression) ? std::nullopt : answer.datestampValue();

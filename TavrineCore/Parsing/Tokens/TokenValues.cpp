@@ -167,6 +167,12 @@ std::optional<Frametime> Token::frametimeValue() const { return fieldOf(*this, &
 
 std::optional<DateComponents> Token::dateComponentsValue() const {
   if (const auto* it = metadataAs<DateComponentsTokenMetadata>()) return it->dateComponents;
+  if (const auto* it = metadataAs<DatestampTokenMetadata>()) {
+    const Datestamp& datestamp = it->datestamp;
+    return it->environment.calendar()
+        .in(datestamp.timezone)
+        .dateComponents(calendarComponentsRepresentedBy(datestamp.type), datestamp.date);
+  }
   const std::optional<Timespan> span = timespanValue();
   return span ? std::optional(span->dateComponents) : std::nullopt;
 }

@@ -11,7 +11,7 @@
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/Conversions.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
-#include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Primitives/DatestampArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Primitives/Workdays.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
@@ -21,11 +21,6 @@
 namespace tavrine::conversions {
 
 namespace {
-
-using namespace foundation::literals;
-
-/// Where the calendar ends.
-constexpr Decimal kMostSecondsFrom1970 = "1.5e14"_dec;
 
 CalendarEnvironment currentEnvironment() { return CalendarEnvironment(Calendar::current()); }
 
@@ -86,10 +81,9 @@ bool keepsInstant(const Datestamp& datestamp, const Token& converter) {
 }  // namespace
 
 Token dateOfUnixTime(const Decimal& seconds) {
-  if (seconds.isNaN() || seconds.magnitude() > kMostSecondsFrom1970) return errorToken(EvaluationError::Infinity);
-  const CalendarEnvironment environment = currentEnvironment();
-  return TokenFactory::datestampWith(
-      {Date(seconds.doubleValue()), DatestampType::unixTimestamp, environment.calendar().timeZone()}, environment);
+  const auto datestamp = datestampOfUnixTime(seconds);
+  return datestamp ? TokenFactory::datestampWith(*datestamp, currentEnvironment())
+                   : errorToken(EvaluationError::Infinity);
 }
 
 Token intoTimestamp(const ConverterOperands& operands) {

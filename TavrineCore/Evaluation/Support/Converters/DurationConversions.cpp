@@ -66,9 +66,22 @@ Token intervalInto(const TCUnit& toUnit, const DateInterval& interval, const Cal
   }
 }
 
+/// No time at all has the smallest component only: with several that are zero it would show nothing.
+DateComponents withZeroToShow(const DateComponents& components) {
+  DateComponents smallest;
+  for (const Component component : orderedTavrineSupportedComponents) {
+    const auto value = valueOf(components, component);
+    if (value.value_or(0) != 0) return components;
+    if (!value || component == Component::nanosecond) continue;
+    smallest = {};
+    setValueOf(smallest, component, 0);
+  }
+  return smallest;
+}
+
 Token timespanToken(const DateComponents& components) {
   if (components == DateComponents{}) return Token();
-  return TokenFactory::timespanWith({components, std::nullopt});
+  return TokenFactory::timespanWith({withZeroToShow(components), std::nullopt});
 }
 
 /// In seconds, from which all components are split; an error where the operand is no time.
