@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <fstream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,10 +17,12 @@ namespace tavrine {
 namespace {
 
 /// An iteration is one line; what it allocates is told beside its time. Skipped with an error where the answer is not
-/// the one that the line is there for: a line that isn't understood is cheap, and its time says nothing.
-void calculateLine(benchmark::State& state, std::string_view line, std::string_view want) {
+/// the one that the line is there for: a line that isn't understood is cheap, and its time says nothing. Where the
+/// answer depends on the day, any will do.
+void calculateLine(benchmark::State& state, std::string_view line, std::optional<std::string_view> want) {
   Calculator calculator(EngineCustomization::standard());
-  if (const std::string answer = calculator.calculate(line).stringValue; answer != want) {
+  const std::string answer = calculator.calculate(line).stringValue;
+  if (want ? answer != *want : answer.empty()) {
     state.SkipWithError(("the answer is " + answer).c_str());
     return;
   }
@@ -39,6 +42,12 @@ BENCHMARK_CAPTURE(calculateLine, PlainWords,
                   "morning fog lingers long",
                   "")
     ->Name("BM_Line/PlainWords");
+
+BENCHMARK_CAPTURE(calculateLine, Units, "20 km / 4 hours in mph", "3.1068559612 mph")->Name("BM_Line/Units");
+BENCHMARK_CAPTURE(calculateLine, Money, "$10 + 20%", "$12.00")->Name("BM_Line/Money");
+BENCHMARK_CAPTURE(calculateLine, WordFunction, "what is 20% of 50", "10")->Name("BM_Line/WordFunction");
+BENCHMARK_CAPTURE(calculateLine, Date, "today + 3 weeks", std::nullopt)->Name("BM_Line/Date");
+BENCHMARK_CAPTURE(calculateLine, Place, "3pm in Paris to New York", std::nullopt)->Name("BM_Line/Place");
 
 constexpr std::array<std::string_view, 24> kPlainSums{
     "12.50 + 7.25 + 3",

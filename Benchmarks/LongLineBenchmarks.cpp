@@ -97,6 +97,18 @@ BENCHMARK_CAPTURE(repeatedText, Percentages, "5% ", 3)->Name("BM_LongLine/Percen
 BENCHMARK_CAPTURE(repeatedText, PercentSigns, "% ", 2)->Name("BM_LongLine/PercentSigns");
 BENCHMARK_CAPTURE(repeatedText, Commas, "a,", 2)->Name("BM_LongLine/Commas");
 BENCHMARK_CAPTURE(repeatedText, Equals, "a=", 2)->Name("BM_LongLine/Equals");
+BENCHMARK_CAPTURE(repeatedText, Amounts, "5 km + ", 6)->Name("BM_LongLine/Amounts");
+BENCHMARK_CAPTURE(repeatedText, Units, "km ", 2)->Name("BM_LongLine/Units");
+BENCHMARK_CAPTURE(repeatedText, FeetAndInches, "5 ft 3 in, ", 9)->Name("BM_LongLine/FeetAndInches");
+BENCHMARK_CAPTURE(repeatedText, Money, "$5 + ", 5)->Name("BM_LongLine/Money");
+BENCHMARK_CAPTURE(repeatedText, Rates, "5 km/h * ", 7)->Name("BM_LongLine/Rates");
+BENCHMARK_CAPTURE(repeatedText, Dates, "12/12/2024 ", 6)->Name("BM_LongLine/Dates");
+BENCHMARK_CAPTURE(repeatedText, DateWords, "may monday ", 4)->Name("BM_LongLine/DateWords");
+BENCHMARK_CAPTURE(repeatedText, ClockTimes, "3:45 pm ", 6)->Name("BM_LongLine/ClockTimes");
+BENCHMARK_CAPTURE(repeatedText, Durations, "3 h 20 min + ", 10)->Name("BM_LongLine/Durations");
+BENCHMARK_CAPTURE(repeatedText, Places, "Paris ", 2)->Name("BM_LongLine/Places");
+BENCHMARK_CAPTURE(repeatedText, Phrases, "half of 5 + ", 8)->Name("BM_LongLine/Phrases");
+BENCHMARK_CAPTURE(repeatedText, NestedPhrases, "half of ", 4)->Name("BM_LongLine/NestedPhrases");
 
 void nested(benchmark::State& state) { longLine(state, nestedBrackets); }
 BENCHMARK(nested)->Name("BM_LongLine/NestedBrackets");
