@@ -148,6 +148,8 @@ TEST(DatePasses, ReadNamesOfMonthsWithTheNumbersBesideThem) {
       {"March 5 2024 at 3pm", "dayMonthYearWithClockTimeDownToMinutes 2024-03-05 15:00"},
       {"3pm on March 5 2024", "dayMonthYearWithClockTimeDownToMinutes 2024-03-05 15:00"},
       {"Friday 5 March 2027", "dayMonthYear 2027-03-05 12:00"},
+      {"Friday 12 June", "dayAndMonth 2026-06-12 12:00"},
+      {"31 April + 3 days", "nakedMonth 2026-04-01 12:00"},
       {"Q2 2024", "span 2024-04-01 00:00 - 2024-06-30 00:00"},
       {"Q4", "span 2026-10-01 00:00 - 2026-12-31 00:00"},
       // Days that there are not, and numbers that belong to something else.

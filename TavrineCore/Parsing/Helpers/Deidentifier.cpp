@@ -173,6 +173,20 @@ bool saysLittleAlone(DatestampType type) {
          type == DatestampType::tomorrow || type == DatestampType::yesterday;
 }
 
+/// "tue" in "mon 8 + tue 7", "mon" in "8 mon + 7 tue": the name of a day or month that stands between an operator and
+/// the amount that it goes with.
+bool namesAmount(const Item& item, DatestampType type) {
+  constexpr TokenTypeSet kAmounts{TokenType::number, TokenType::unitExpression, TokenType::compoundUnitExpression,
+                                  TokenType::timespan, TokenType::percentage};
+  if (type != DatestampType::weekDay && !saysLittleAlone(type)) return false;
+  if (isFollowedByTimespanOfDays(item)) return false;
+  const auto standsBetween = [&](const TokenTypeSet& before, const TokenTypeSet& after) {
+    return item.precededBy(before, /*ignoreWhitespace=*/true) != nullptr &&
+           item.followedBy(after, /*ignoreWhitespace=*/true) != nullptr;
+  };
+  return standsBetween(TokenType::operator_, kAmounts) || standsBetween(kAmounts, TokenType::operator_);
+}
+
 DeidentifierAction actionForDatestamp(const Item& item, const EngineFeatureFlags& features) {
   const auto* metadata = item.token().metadataAs<DatestampTokenMetadata>();
   if (metadata == nullptr || features.seeksFutureDate) return none;
@@ -180,6 +194,7 @@ DeidentifierAction actionForDatestamp(const Item& item, const EngineFeatureFlags
   const Datestamp& datestamp = metadata->datestamp;
   if (datestamp.isAmbiguous) return actionForAmbiguousDatestamp(item, datestamp);
   if (saysLittleAlone(datestamp.type) && item.list().hasMeaninglessNeighbours(item.token())) return deidentify;
+  if (namesAmount(item, datestamp.type)) return deidentify;
   return none;
 }
 

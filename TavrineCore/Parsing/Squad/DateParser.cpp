@@ -21,6 +21,7 @@ void DateParser::identifyDateComponentsIn(TokenList& tokenList) const {
   identifyNextAndThisAndLastDurationUnitsIn(tokenList);
   identifyNakedYearsAroundConverters(tokenList);
   identifyNakedYearPlusOrMinusThenTimespan(tokenList);
+  if (holdsDateWords) identifyNakedMonthPlusOrMinusThenTimespan(tokenList);
   identifyRelevantLaptimesIn(tokenList);
 }
 
@@ -79,7 +80,9 @@ void fillInMissingComponents(DateComponents& components, DatestampType type, con
   }
   fill(components.hour, [] { return 12; });
   fill(components.minute, [] { return 0; });
-  if (type == DatestampType::weekDay || components.weekday) return;
+  // A weekday finds its own day, but "Friday 12 June" needs a year.
+  const bool tellsDay = components.day && components.month;
+  if (type == DatestampType::weekDay || (components.weekday && !tellsDay)) return;
   fill(components.year, currentYear);
   if (components.weekOfYear) return;
   fill(components.month, [&] { return calendar.component(Component::month, now); });

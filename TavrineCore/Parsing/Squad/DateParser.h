@@ -86,6 +86,7 @@ class DateParser {
   // DateParserYears.cpp
   static void identifyNakedYearsAroundConverters(TokenList& list);
   static void identifyNakedYearPlusOrMinusThenTimespan(TokenList& list);
+  static void identifyNakedMonthPlusOrMinusThenTimespan(TokenList& list);
 
   const EngineCustomization& engineCustomization_;
   DateParsingOptions options_;

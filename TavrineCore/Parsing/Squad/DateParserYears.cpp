@@ -1,4 +1,4 @@
-// Years that stand alone: "days in 2024", "2019 to 2022 in days", "2020 + 3 years".
+// Years and months that stand alone: "days in 2024", "2019 to 2022 in days", "2020 + 3 years".
 
 #include <cstddef>
 #include <optional>
@@ -91,13 +91,25 @@ void DateParser::identifyNakedYearsAroundConverters(TokenList& list) {
   identifyNakedYearsAround(list, TokenType::converterSymbol);
 }
 
-// Months need no such step: by themselves they are pieces of dates already.
 void DateParser::identifyNakedYearPlusOrMinusThenTimespan(TokenList& list) {
   if (!list.typesPrecheck({TokenType::number, TokenType::operator_, TokenType::unit})) return;
   for (std::size_t i = 0; i < list.count(); ++i) {
     const auto number = dateNumberIn(list[i]);
     const auto year = number ? recentYear(*number) : std::nullopt;
     if (year && beginsValue(list, i) && isMovedByTimespan(list, i)) replaceWithYearStamp(list, i, *year);
+  }
+}
+
+// Most months are pieces of dates by now. What is left had a day that the month lacks: "31 April + 3 days".
+void DateParser::identifyNakedMonthPlusOrMinusThenTimespan(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::dateWord, TokenType::operator_, TokenType::unit})) return;
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!list[i].is(TokenType::dateWord) || !isMovedByTimespan(list, i)) continue;
+    const auto* metadata = list[i].metadataAs<DateWordTokenMetadata>();
+    if (metadata == nullptr || metadata->dateWord.type != DateWordType::month || !metadata->dateWord.index) continue;
+    DateComponents components;
+    components.month = *metadata->dateWord.index;
+    replaceRunByComponents(list, i, i, {components, DatestampType::nakedMonth});
   }
 }
 
