@@ -26,6 +26,7 @@ class MonthReader {
       : first(word), last(word), list_(list), incidentalSymbols_(incidentalSymbols) {}
 
   void read() {
+    if (readBetweenSeparators()) return;
     if (const auto before = list_.indexBefore(first, /*ignoreWhitespace=*/true, incidentalSymbols_)) {
       if (holdsPartOfDate(*before) && !(isSeparated(*before, first) && hasComma(*before, first))) take(*before);
     }
@@ -42,6 +43,24 @@ class MonthReader {
   std::size_t last;
 
  private:
+  /// "12-Jun-2026", "12/jun/26": a day and a year with the same sign between, and no white space.
+  bool readBetweenSeparators() {
+    if (first < 2 || last + 2 >= list_.count()) return false;
+    const Token& separator = list_[first - 1];
+    const bool isSeparator = separator.is(TokenType::operator_, TokenSubType::subtractionOperator) ||
+                             separator.is(TokenType::operator_, TokenSubType::divisionOperator);
+    if (!isSeparator || !list_[last + 1].is(separator.type, separator.subType)) return false;
+    if (!holdsPartOfDate(first - 2) || !holdsPartOfDate(last + 2)) return false;
+    const auto dayBefore = possibleDayOfMonth(*dateNumberIn(list_[first - 2]));
+    const auto yearBehind = possibleYear(*dateNumberIn(list_[last + 2]));
+    if (!dayBefore || !yearBehind) return false;
+    day = dayBefore;
+    year = yearBehind;
+    first -= 2;
+    last += 2;
+    return true;
+  }
+
   /// Whether the token is a number that nothing else lays claim to: no amount, no percentage, no part of a sum.
   [[nodiscard]] bool holdsPartOfDate(std::size_t index) const {
     const auto number = dateNumberIn(list_[index]);
