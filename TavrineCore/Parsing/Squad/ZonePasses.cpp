@@ -31,6 +31,12 @@ bool standsBehindTime(const TokenList& list, std::size_t index) {
   return before && kTimes.contains(list[*before].type);
 }
 
+/// "2 pt" is an amount, whatever times the line tells.
+bool isCounted(const TokenList& list, std::size_t index) {
+  const Token* const before = list.tokenBefore(index, /*ignoreWhitespace=*/true);
+  return list[index].is(TokenType::unit) && before != nullptr && before->is(TokenType::number);
+}
+
 Token nowIn(const Place& place, const PassContext& context) {
   const Datestamp datestamp{
       .date = Date::now(), .type = DatestampType::now, .timezone = place.timeZone, .hasExplicitTimeZone = true};
@@ -49,6 +55,7 @@ void handleUSNamedTimezones(TokenList& list, const PassContext& context) {
     const Token& token = list[i];
     if (!kCandidates.contains(token.type) || token.stringValue.size() > kLongestName) continue;
     if (token.is(TokenType::unidentified) && !standsBehindTime(list, i)) continue;
+    if (isCounted(list, i)) continue;
     const std::string text = lowercased(token.stringValue);
     const std::optional<Place> zone = USNamedTimezoneAbbreviations::timezoneFor(text);
     if (!zone) continue;
