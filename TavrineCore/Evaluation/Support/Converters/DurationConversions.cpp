@@ -95,8 +95,8 @@ Token splitInto(const CalendarComponentSet& components, const Token& seconds) {
 /// One routine for all pairs of units: a measured duration by the calendar, anything else by its length.
 Token intoCompoundTime(const Token& operand, const CalendarComponentSet& components) {
   if (const auto interval = calendarIntervalOf(operand)) {
-    const Calendar& calendar = environmentOf(operand).calendar();
-    return timespanToken(calendar.dateComponents(components, interval->start(), interval->end()));
+    const CalendarEnvironment environment = environmentOf(operand);
+    return timespanToken(environment.calendar().dateComponents(components, interval->start(), interval->end()));
   }
   if (operand.is(TokenType::datestamp)) {
     const auto datestamp = operand.datestampValue();
