@@ -1,8 +1,10 @@
 #include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -37,6 +39,30 @@ Token evaluateCustom(const Token& token) {
   return failedToken();
 }
 
+/// The places of the arguments that the gaps of the phrase ask for: 2, 1 in "what % of 2 is 1". Nothing for a phrase
+/// that leaves its arguments as they come, "10 choose 10".
+std::vector<std::size_t> placesIn(std::string_view phrase, std::size_t argumentCount) {
+  std::vector<std::size_t> places;
+  for (std::size_t i = 0; i < phrase.size(); ++i) {
+    const auto isDigit = [&](std::size_t at) { return at < phrase.size() && phrase[at] >= '0' && phrase[at] <= '9'; };
+    if (!isDigit(i)) continue;
+    const std::size_t place = static_cast<std::size_t>(phrase[i] - '1');
+    const bool isTold = std::find(places.begin(), places.end(), place) != places.end();
+    if (isDigit(i + 1) || place >= argumentCount || isTold) return {};
+    places.push_back(place);
+  }
+  return places.size() == argumentCount ? places : std::vector<std::size_t>();
+}
+
+/// The arguments in the places that the phrase gives them.
+std::vector<Token> inPlacesOf(const Function& function, std::vector<Token> arguments) {
+  const std::vector<std::size_t> places = placesIn(function.prototypeExpression, arguments.size());
+  if (places.empty()) return arguments;
+  std::vector<Token> ordered(arguments.size());
+  for (std::size_t i = 0; i < places.size(); ++i) ordered[places[i]] = std::move(arguments[i]);
+  return ordered;
+}
+
 Token evaluateBuiltIn(const Token& token) {
   const auto* call = token.metadataAs<WordFunctionTokenMetadata>();
   if (call == nullptr || call->sequence == nullptr || !token.subtokens) return Token();
@@ -49,6 +75,7 @@ Token evaluateBuiltIn(const Token& token) {
   const bool asksForPlace = std::any_of(arguments.begin(), arguments.end(),
                                         [](const Token& argument) { return argument.is(TokenType::dynamicPlace); });
   if (asksForPlace) return pendingToken();
+  arguments = inPlacesOf(call->function, std::move(arguments));
   return WordFunctionHandlers::evaluate(call->function.identifier, arguments, call->customization);
 }
 

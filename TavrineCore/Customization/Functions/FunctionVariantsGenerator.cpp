@@ -21,7 +21,7 @@ constexpr std::size_t kMaximumVariants = 48;
 /// Words that mean the same in the phrases of some functions: the first is how the resource file spells it.
 struct WordGroup {
   FunctionIdentifierSet functions;
-  std::array<std::string_view, 6> words;
+  std::array<std::string_view, 9> words;
 };
 
 constexpr FunctionIdentifierSet kPercentFunctions = FunctionIdentifierSet::fromTo(percentOf, reversedPercentOff);
@@ -42,8 +42,9 @@ constexpr auto kWordGroups = std::to_array<WordGroup>({
     {{squareRoot}, {"square", "squared"}},
     {{cubedRoot}, {"cube", "cubed", "cubic"}},
     {{nthLog, nthLogReversed}, {"log", "logarithm"}},
-    {{lesserOf}, {"smaller", "smallest", "lesser", "lower", "lowest", "least"}},
-    {{greaterOf}, {"larger", "largest", "greater", "greatest", "higher", "highest"}},
+    {{lesserOf}, {"smaller", "smallest", "lesser", "lower", "lowest", "least", "cheaper", "shorter", "lighter"}},
+    {{greaterOf}, {"larger", "largest", "greater", "greatest", "higher", "highest", "bigger", "biggest", "longer"}},
+    {{toNearestX}, {"nearest", "closest"}},
     {{exponentialGrowth, exponentialDecay, timeRequiredForExponentialChange, growthOverExponentialChange,
       timeRequiredForLinearChange},
      {"every", "each", "per"}},

@@ -283,8 +283,11 @@ DeidentifierAction actionFor(const Item& item, const EngineFeatureFlags& feature
     case TokenType::pitch:
       return item.followedBy(TokenType::converter, /*ignoreWhitespace=*/true) != nullptr ? none : deidentify;
     case TokenType::ordinalSuffix:
-      return item.precededBy(TokenType::number, /*ignoreWhitespace=*/false) != nullptr ? deidentifyWithPrecedingToken
-                                                                                       : deidentify;
+      // "4th root of 81" needs its 4.
+      return item.action(item.precededBy(TokenType::number, /*ignoreWhitespace=*/false) != nullptr
+                             ? deidentifyWithPrecedingToken
+                             : deidentify,
+                         TokenType::wordFunction);
     case TokenType::dpSpecifier:
       return item.action(unpack, TokenType::converter);
     case TokenType::list:

@@ -1,14 +1,18 @@
 // Words of the vocabulary that the first look at single lexemes can't see.
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
+#include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
+#include "TavrineCore/Customization/Functions/FunctionList.h"
 #include "TavrineCore/Parsing/Helpers/DateWordsList.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
@@ -23,6 +27,11 @@ namespace {
 
 /// Words of the longest phrase that the vocabularies know.
 constexpr std::size_t kMaximumWords = 7;
+
+std::optional<TokenType> relatedTypeOf(std::string_view text, const PassContext& context) {
+  const std::optional<Fixture> fixture = context.content.fixturesList->find(text);
+  return fixture ? relatedTokenType(*fixture) : std::nullopt;
+}
 
 /// The token of a phrase; nothing for a text that is no fixture, or one without a type of its own.
 std::optional<Token> tokenOfPhrase(std::string text, NSRange range, const PassContext& context) {
@@ -53,6 +62,17 @@ void rememberTypesInside(const std::string& word, TokenList& list, const PassCon
   list.replaceTypesCache(types);
 }
 
+/// "base 2" in "log base 2 of 8": the number is one that the phrase takes, and the two don't name a type.
+bool isBaseOfLogarithm(const TokenSlice& phrase, const TokenList& list, const PassContext& context) {
+  constexpr FunctionIdentifierSet kLogarithms{FunctionIdentifier::nthLog, FunctionIdentifier::nthLogReversed};
+  const bool endsInNumber = phrase.tokens.back().is(TokenType::number);
+  if (!endsInNumber || relatedTypeOf(phrase.stringValue(), context) != TokenType::typeName) return false;
+  const auto& mapper = context.content.functionList->numericalKeywordMapper();
+  const auto functions = mapper.wordFunctionsWorthScanningForIn(list, context.features);
+  return std::any_of(functions.begin(), functions.end(),
+                     [&](const Function* function) { return kLogarithms.contains(function->identifier); });
+}
+
 }  // namespace
 
 void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContext& context) {
@@ -77,6 +97,7 @@ void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContex
       list.replace(*phrase, customTypeToken(*type, phrase->stringValue(), phrase->range()));
       continue;
     }
+    if (isBaseOfLogarithm(*phrase, list, context)) continue;
     if (std::optional<Token> token = tokenOfPhrase(phrase->stringValue(), phrase->range(), context)) {
       list.replace(*phrase, *std::move(token));
     }

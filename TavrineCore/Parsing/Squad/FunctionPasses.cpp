@@ -9,9 +9,13 @@
 #include <utility>
 #include <vector>
 
+#include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
+#include "TavrineCore/Customization/Functions/FunctionList.h"
 #include "TavrineCore/Parsing/Helpers/Scalars.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
+#include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
 #include "TavrineCore/Parsing/Squad/Nesting.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
@@ -43,8 +47,8 @@ bool endsWithScalar(const Token& name) {
 class CallFinder {
  public:
   /// `depth` is the nesting around the list.
-  CallFinder(TokenList& list, TokenType nameType, bool requireParentheses, std::size_t depth)
-      : list_(list), nameType_(nameType), requireParentheses_(requireParentheses), depth_(depth) {}
+  CallFinder(TokenList& list, TokenType nameType, const PassContext& context, std::size_t depth)
+      : list_(list), nameType_(nameType), context_(context), depth_(depth) {}
 
   void fuseCalls() {
     for (std::size_t i = list_.count(); i-- > 0;) {
@@ -76,8 +80,31 @@ class CallFinder {
   std::size_t fuseCallAt(std::size_t name) {
     if (nameType_ == TokenType::functionName && endsWithScalar(list_[name])) return fuseScaledValue(name);
     const std::optional<TokenList::IndexRange> body = bodyOf(name);
-    if (body) fuse(name, *body, {name, body->last});
+    if (body && !beginsPhrase(name)) fuse(name, *body, {name, body->last});
     return name;
+  }
+
+  /// Whether the name is the first word of a whole phrase, which then takes the value: "round 44.5 to nearest 10".
+  [[nodiscard]] bool beginsPhrase(std::size_t name) {
+    if (nameType_ != TokenType::functionName) return false;
+    if (!phrases_) phrases_ = phrasesBeginningWithNames();
+    return std::any_of(phrases_->begin(), phrases_->end(), [&](const PrototypeSequenceRef& phrase) {
+      const std::size_t length = phrase->prototypes().size();
+      return length <= list_.count() - name && phrase->matches(list_.slice(name, name + length - 1));
+    });
+  }
+
+  [[nodiscard]] std::vector<PrototypeSequenceRef> phrasesBeginningWithNames() const {
+    const auto& mapper = context_.content.functionList->numericalKeywordMapper();
+    std::vector<PrototypeSequenceRef> phrases =
+        PrototypeSequenceCache::sequencesFor(mapper.wordFunctionsWorthScanningForIn(list_, context_.features));
+    std::erase_if(phrases, [](const PrototypeSequenceRef& phrase) {
+      if (phrase->prototypes().empty()) return true;
+      const TokenPrototype& first = *phrase->prototypes().front();
+      return first.kind() != TokenPrototype::Kind::type ||
+             static_cast<const TypeTokenPrototype&>(first).type() != TokenType::functionName;
+    });
+    return phrases;
   }
 
   /// The argument of the name: the brackets behind it, or without brackets the one value behind it.
@@ -88,7 +115,7 @@ class CallFinder {
       if (lastOpener_ != fromEnd(*next) || !lastCloser_) return std::nullopt;
       return TokenList::IndexRange{*next, list_.count() - 1 - *lastCloser_};
     }
-    if (requireParentheses_) return std::nullopt;
+    if (context_.features.functionsRequireParentheses) return std::nullopt;
     if (!kArgumentTypes.contains(list_[*next].type)) return std::nullopt;
     const Token* suffix = list_.tokenFor(*next + 1);
     const bool hasSuffix =
@@ -131,7 +158,7 @@ class CallFinder {
 
   TokenList& list_;
   const TokenType nameType_;
-  const bool requireParentheses_;
+  const PassContext& context_;
   const std::size_t depth_;
   /// Of each token from the end of the list to the place of the sweep.
   std::vector<std::size_t> nesting_;
@@ -139,10 +166,12 @@ class CallFinder {
   std::vector<std::size_t> openClosers_;
   std::optional<std::size_t> lastOpener_;
   std::optional<std::size_t> lastCloser_;  // the partner of `lastOpener_`, if it has one
+  /// Of the phrases whose words the list holds; looked up for the first name that has a body.
+  std::optional<std::vector<PrototypeSequenceRef>> phrases_;
 };
 
 /// Fuses the calls of the list and of those inside of it, inner lists first.
-void fuseCallsIn(TokenList& list, TokenType nameType, bool requireParentheses, std::size_t depth) {
+void fuseCallsIn(TokenList& list, TokenType nameType, const PassContext& context, std::size_t depth) {
   if (!list.typesEverPresentAtAnyDepth().contains(nameType)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     const Token& token = list[i];
@@ -150,13 +179,13 @@ void fuseCallsIn(TokenList& list, TokenType nameType, bool requireParentheses, s
     if (!token.subtokens->typesEverPresentAtAnyDepth().contains(nameType)) continue;
     TokenList inside = *token.subtokens;
     const std::uint64_t before = inside.modificationCount();
-    fuseCallsIn(inside, nameType, requireParentheses, depth + 1);
+    fuseCallsIn(inside, nameType, context, depth + 1);
     if (inside.modificationCount() == before) continue;
     Token edited = token;
     edited.subtokens = TokenList::frozen(std::move(inside));
     list.replaceAt(i, std::move(edited));
   }
-  CallFinder(list, nameType, requireParentheses, depth).fuseCalls();
+  CallFinder(list, nameType, context, depth).fuseCalls();
 }
 
 }  // namespace
@@ -165,11 +194,11 @@ namespace passes {
 
 void identifyFunctionExpressionsIn(TokenList& list, const PassContext& context) {
   if (!list.anyTypesHaveBeenPresentIn(kArgumentTypes)) return;
-  fuseCallsIn(list, TokenType::functionName, context.features.functionsRequireParentheses, 0);
+  fuseCallsIn(list, TokenType::functionName, context, 0);
 }
 
 void identifyJavascriptFunctionsIn(TokenList& list, const PassContext& context) {
-  fuseCallsIn(list, TokenType::javascriptFunctionName, context.features.functionsRequireParentheses, 0);
+  fuseCallsIn(list, TokenType::javascriptFunctionName, context, 0);
 }
 
 }  // namespace passes

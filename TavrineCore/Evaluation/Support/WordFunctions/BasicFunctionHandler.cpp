@@ -106,6 +106,18 @@ std::size_t argumentCountOf(FunctionIdentifier identifier) {
 
 Token number(int value) { return TokenFactory::numberWith(Decimal(value)); }
 
+/// What the word alone counts: one mile in "half a mile", 12 in "half a dozen".
+Token amountOf(const Token& token) {
+  if (token.is(TokenType::unit)) {
+    if (const std::optional<TCUnit> unit = token.unitValue())
+      return TokenFactory::unitExpressionWith(Decimal(1), *unit);
+  }
+  if (token.is(TokenType::numberWord)) {
+    if (const std::optional<Decimal> value = decimalOf(token)) return TokenFactory::numberWith(*value);
+  }
+  return token;
+}
+
 /// 0.2 for "20%", so that a sum with it adds 0.2 instead of a fifth.
 Token oneMinus(const Token& fraction) { return difference(number(1), asNumber(fraction)); }
 Token onePlus(const Token& fraction) { return sum(number(1), asNumber(fraction)); }
@@ -273,7 +285,7 @@ Answer ofOtherCounts(FunctionIdentifier identifier, Arguments arguments) {
       return EvaluationResult::unit(TCUnit::counted(
           {UnitIdentifier::undefined, UnitType::other, "", TCUnitConverterLinear{Decimal(1), Decimal()}, nullptr}));
     case halfOf:
-      return resultOf(quotient(arguments[0], number(2)));
+      return resultOf(quotient(amountOf(arguments[0]), number(2)));
     case isPrime: {
       const std::optional<Decimal> value = decimalOf(arguments[0]);
       return value ? primality(*value) : std::nullopt;
