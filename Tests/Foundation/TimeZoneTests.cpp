@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <sstream>
+#include <string>
+
 #include "Foundation/Locale.h"
 #include "Foundation/PosixZoneRule.h"
 #include "Foundation/TimeZone.h"
@@ -49,6 +53,28 @@ TEST(TimeZoneTests, KnowsZonesByTheirIdentifier) {
   EXPECT_EQ(TimeZone::withSecondsFromGMT(0)->identifier(), "GMT");
   EXPECT_FALSE(TimeZone::withSecondsFromGMT(100'000));
   EXPECT_FALSE(TimeZone::withSecondsFromGMT(INT64_MIN));
+}
+
+// The table is made by Tools/generate_zone_offsets.py, which reads the zone files with the code of another language.
+TEST(TimeZoneTests, AgreesWithAnotherReaderOfTheZoneFiles) {
+  std::ifstream table(std::string(TAVRINE_SOURCE_DIR) + "/Tests/Foundation/Data/zone-offsets.tsv");
+  std::string line;
+  ASSERT_TRUE(std::getline(table, line));
+  int rows = 0;
+  for (; std::getline(table, line); ++rows) {
+    std::istringstream cells(line);
+    std::string identifier;
+    std::int64_t moment = 0;
+    std::int32_t offset = 0;
+    std::string abbreviation;
+    ASSERT_TRUE(cells >> identifier >> moment >> offset >> abbreviation) << line;
+    const auto zone = TimeZone::withIdentifier(identifier);
+    ASSERT_TRUE(zone) << line;
+    const Date date(static_cast<double>(moment));
+    EXPECT_EQ(zone->secondsFromGMT(date), offset) << line;
+    EXPECT_EQ(zone->abbreviation(date), abbreviation) << line;
+  }
+  EXPECT_GT(rows, 300);
 }
 
 TEST(TimeZoneTests, NamesZones) {
