@@ -36,20 +36,21 @@ std::optional<DateComponents> timeIn(const Token* token) {
   return dateComponentsFrom(metadata->laptime.hour, metadata->laptime.minute, metadata->laptime.seconds);
 }
 
-/// Seconds ahead of GMT and the last token that says so.
+/// Seconds ahead of GMT, the last token that says so, and whether any does.
 struct Offset {
   std::int64_t seconds;
   std::size_t last;
+  bool isTold;
 };
 
 /// "Z", "+02:00" directly behind the time; GMT where nothing is told.
 std::optional<Offset> offsetBehind(const TokenList& list, std::size_t time) {
   const Token* next = list.tokenFor(time + 1);
-  if (next == nullptr) return Offset{0, time};
-  if (lowercased(next->stringValue) == kGmt) return Offset{0, time + 1};
+  if (next == nullptr) return Offset{0, time, false};
+  if (lowercased(next->stringValue) == kGmt) return Offset{0, time + 1, true};
   const bool isAhead = next->is(TokenType::operator_, TokenSubType::additionOperator);
   const bool isBehind = next->is(TokenType::operator_, TokenSubType::subtractionOperator);
-  if (!isAhead && !isBehind) return Offset{0, time};
+  if (!isAhead && !isBehind) return Offset{0, time, false};
 
   const Token* offset = list.tokenFor(time + 2);
   std::optional<DateComponents> distance = timeIn(offset);
@@ -61,7 +62,7 @@ std::optional<Offset> offsetBehind(const TokenList& list, std::size_t time) {
   }
   if (!distance) return std::nullopt;
   const std::int64_t seconds = distance->hour.value_or(0) * 3600 + distance->minute.value_or(0) * 60;
-  return Offset{isAhead ? seconds : -seconds, time + 2};
+  return Offset{isAhead ? seconds : -seconds, time + 2, true};
 }
 
 }  // namespace
@@ -92,7 +93,8 @@ void DateParser::transformComponentsIntoIsoDatesIn(TokenList& tokenList) const {
               std::make_shared<const DatestampTokenMetadata>(
                   Datestamp{.date = date->addingTimeInterval(-static_cast<double>(offset->seconds)),
                             .type = Type::iso8601,
-                            .timezone = calendar.timeZone()},
+                            .timezone = calendar.timeZone(),
+                            .hasExplicitTimeZone = offset->isTold},
                   Date::now(), CalendarEnvironment(calendar, engineCustomization_.holidays()))));
   }
 }
