@@ -263,10 +263,10 @@ TEST(DatePasses, ReadMomentsInZones) {
       {"3pm to Tokyo", "clockTime 2026-06-10 15:00"},
       {"now in Tokyo", "now 2026-06-10 18:30 Asia/Tokyo"},
       {"Friday 3pm Tokyo", "weekdayWithClockTime 2026-06-12 15:00 Asia/Tokyo"},
-      {"2024-03-05T14:30:00Z", "iso8601 2024-03-05 14:30"},
-      {"2024-03-05T14:30:00+02:00", "iso8601 2024-03-05 12:30"},
+      {"2024-03-05T14:30:00Z", "iso8601 2024-03-05 14:30 UTC"},
+      {"2024-03-05T14:30:00+02:00", "iso8601 2024-03-05 12:30 UTC"},
       {"2024-03-05T14:30:15", "iso8601 2024-03-05 14:30:15"},
-      {"2024-03-05T14:30Z", "iso8601 2024-03-05 14:30"},
+      {"2024-03-05T14:30Z", "iso8601 2024-03-05 14:30 UTC"},
       {"2024-03-05 14:30:15", "dayMonthYearWithClockTimeDownToSeconds 2024-03-05 14:30:15"},
   };
   check(LineReader(), kCases);
