@@ -122,6 +122,8 @@ TEST(FunctionPass, LeavesTheValueToAPhraseThatBeginsWithTheName) {
   const auto cases = std::to_array<ShapeCase>({
       {"round 44.5 to nearest 10", "round 44.5 to nearest 10"},
       {"1 + log 8 base 2", "1 + log 8 base 2"},
+      {"round (40 + 4.5) to nearest 10", "round arg{( 40 + 4.5 )} to nearest 10"},
+      {"log(sqrt(16)) base 2", "log arg{( call{sqrt arg{( 16 )}} )} base 2"},
       // Half a phrase, or one that stands elsewhere, leaves the name a function.
       {"round 44.5 to 10", "call{round arg{44.5}} to 10"},
       {"abs 4 + round 44.5 to nearest 10", "call{abs arg{4}} + round 44.5 to nearest 10"},

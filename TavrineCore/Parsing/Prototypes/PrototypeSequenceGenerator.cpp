@@ -64,10 +64,22 @@ TokenPrototypeRef prototypeOf(const Token& token, Mode mode) {
   return std::make_shared<TypeTokenPrototype>(token.type);
 }
 
+/// Whether the brackets of "log(10)" open there. Brackets behind the name of a function are no token of their own in
+/// the phrase, and become one value in the line.
+bool standsInBracketsOfFunction(const TokenList& list, std::size_t index) {
+  return index > 0 && index + 2 < list.count() && list[index - 1].is(TokenType::functionName) &&
+         list[index].is(TokenType::bracket, TokenSubType::openBracket) && list[index + 1].is(TokenType::number) &&
+         list[index + 2].is(TokenType::bracket, TokenSubType::closeBracket);
+}
+
 PrototypeSequenceRef sequenceOf(const TokenList& list, Mode mode) {
   PrototypeSequence::Prototypes prototypes;
   prototypes.reserve(list.count());
-  for (const Token& token : list) prototypes.push_back(prototypeOf(token, mode));
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    const bool isArgument = standsInBracketsOfFunction(list, i);
+    prototypes.push_back(prototypeOf(list[isArgument ? i + 1 : i], mode));
+    if (isArgument) i += 2;
+  }
   return std::make_shared<const PrototypeSequence>(std::move(prototypes));
 }
 

@@ -80,18 +80,44 @@ class CallFinder {
   std::size_t fuseCallAt(std::size_t name) {
     if (nameType_ == TokenType::functionName && endsWithScalar(list_[name])) return fuseScaledValue(name);
     const std::optional<TokenList::IndexRange> body = bodyOf(name);
-    if (body && !beginsPhrase(name)) fuse(name, *body, {name, body->last});
+    if (!body) return name;
+    if (!beginsPhrase(name, *body)) {
+      fuse(name, *body, {name, body->last});
+    } else if (body->first != body->last) {
+      foldBrackets(name, *body);
+    }
     return name;
   }
 
   /// Whether the name is the first word of a whole phrase, which then takes the value: "round 44.5 to nearest 10".
-  [[nodiscard]] bool beginsPhrase(std::size_t name) {
+  [[nodiscard]] bool beginsPhrase(std::size_t name, TokenList::IndexRange body) {
     if (nameType_ != TokenType::functionName) return false;
     if (!phrases_) phrases_ = phrasesBeginningWithNames();
     return std::any_of(phrases_->begin(), phrases_->end(), [&](const PrototypeSequenceRef& phrase) {
       const std::size_t length = phrase->prototypes().size();
-      return length <= list_.count() - name && phrase->matches(list_.slice(name, name + length - 1));
+      const std::size_t last = name + length - 1 + (body.last - body.first);
+      if (last >= list_.count() || last < body.last) return false;
+      TokenSlice slice = list_.slice(name, last);
+      if (body.first != body.last) {
+        const auto first = slice.tokens.begin() + static_cast<std::ptrdiff_t>(body.first - name);
+        *first = list_.slice(body.first, body.last).embedInContainerToken(TokenType::subexpression);
+        slice.tokens.erase(first + 1, first + 1 + static_cast<std::ptrdiff_t>(body.last - body.first));
+      }
+      return phrase->matches(slice);
     });
+  }
+
+  /// The brackets as one value, for the phrase that begins with the name.
+  void foldBrackets(std::size_t name, TokenList::IndexRange body) {
+    const std::size_t behind = list_.count() - 1 - body.last;
+    const std::size_t inside =
+        *std::max_element(nesting_.begin() + static_cast<std::ptrdiff_t>(behind), nesting_.end());
+    if (depth_ + inside + 1 > kMaximumNesting) return;
+    list_.replaceRun(body.first, body.last,
+                     list_.slice(body.first, body.last).embedInContainerToken(TokenType::subexpression));
+    nesting_.resize(behind);
+    nesting_.push_back(inside + 1);
+    for (std::size_t i = body.first; i-- > name;) nesting_.push_back(nestingOf(list_[i]));
   }
 
   [[nodiscard]] std::vector<PrototypeSequenceRef> phrasesBeginningWithNames() const {
