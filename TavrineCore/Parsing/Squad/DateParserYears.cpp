@@ -1,9 +1,14 @@
-// Years and months that stand alone: "days in 2024", "2019 to 2022 in days", "2020 + 3 years".
+// Years and months that stand alone: "days in 2024", "years since 1990", "2019 to 2022 in days", "2020 + 3 years".
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <optional>
+#include <string_view>
 
+#include "Foundation/Calendar.h"
 #include "Foundation/Text.h"
+#include "TavrineCore/Parsing/Primitives/CalendarComponentSet.h"
 #include "TavrineCore/Parsing/Squad/DateParser.h"
 #include "TavrineCore/Parsing/Squad/UnitTokens.h"
 
@@ -54,11 +59,41 @@ void identifyYearsOnBothSides(TokenList& list, std::size_t word) {
   }
 }
 
+/// Whether days or more are counted up to the word: "2 weeks before". "10 minutes before 2000" tells a time.
+bool standsBehindDaysOrMore(const TokenList& list, std::size_t word) {
+  constexpr CalendarComponentSet kDaysOrMore{Calendar::Component::year, Calendar::Component::month,
+                                             Calendar::Component::weekOfYear, Calendar::Component::day,
+                                             Calendar::Component::weekday};
+  const Token* unit = list.tokenBefore(word, /*ignoreWhitespace=*/true);
+  const auto component = isUnit(unit) ? unit->calendarComponentValue() : std::nullopt;
+  return component && kDaysOrMore.contains(*component);
+}
+
+/// "years since 1990", "5 years before 2020", "days between 2019 and 2022".
+void identifyYearsBehindCount(TokenList& list, std::size_t word) {
+  if (!standsBehindDaysOrMore(list, word)) return;
+  const auto number = list.indexAfter(word, /*ignoreWhitespace=*/true);
+  const auto year = number ? definiteYearIn(&list[*number]) : std::nullopt;
+  if (!year || isUnit(list.tokenAfter(*number, /*ignoreWhitespace=*/true))) return;
+  const auto conjunction = list.indexAfter(*number, /*ignoreWhitespace=*/true);
+  if (conjunction && list[*conjunction].is(TokenType::conjunctionWord)) {
+    const auto other = list.indexAfter(*conjunction, /*ignoreWhitespace=*/true);
+    if (const auto end = other ? definiteYearIn(&list[*other]) : std::nullopt) replaceWithYearStamp(list, *other, *end);
+  }
+  replaceWithYearStamp(list, *number, *year);
+}
+
+bool leadsToDate(const Token& preposition) {
+  constexpr std::array<std::string_view, 6> kWords{"since", "until", "till", "before", "after", "between"};
+  return std::find(kWords.begin(), kWords.end(), lowercased(preposition.stringValue)) != kWords.end();
+}
+
 void identifyNakedYearsAround(TokenList& list, TokenType type) {
   if (!list.typePrecheck(type)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(type)) continue;
     if (list[i].subType == TokenSubType::converterSymbolIn) identifyYearBehind(list, i);
+    if (leadsToDate(list[i])) identifyYearsBehindCount(list, i);
     if (lowercased(list[i].stringValue) != kRangeWord) continue;
     if (list.anyTypesHaveBeenPresentIn({TokenType::percentageSymbol, TokenType::multiplier})) continue;
     identifyYearsOnBothSides(list, i);

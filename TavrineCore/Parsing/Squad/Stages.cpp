@@ -361,7 +361,7 @@ constexpr auto kStages = std::to_array<Stage>({
      "sanityCheckDatestampsInWordFunctionsIn",
      ParsePhase::groups,
      {wordFunction},
-     {datestamp, unit},
+     kNothing,
      nullptr,
      passes::sanityCheckDatestampsInWordFunctionsIn},
     {"G29",

@@ -87,7 +87,7 @@ class CallWrapper {
       std::optional<PrototypeSequenceMatcher::Match> match;
       for (; end > 0 && !match; --end) match = matcher.findSliceMatching(sequences, end - 1);
       if (!match) break;
-      if (!replace(*match)) continue;
+      if (isPartOfProse(*match) || !replace(*match)) continue;
       hasWrapped = true;
       drop(sequences);
       // Nothing has changed for phrases that end farther right than one that begins with the new token reaches.
@@ -108,6 +108,25 @@ class CallWrapper {
     std::size_t longest = 1;
     for (const PrototypeSequenceRef& sequence : sequences) longest = std::max(longest, sequence->prototypes().size());
     return longest + 2 * kMaximumPhraseWords;  // a place may have many words
+  }
+
+  /// A few words without a gap, such as "week number" or "timestamp", ask for something where they stand for
+  /// themselves. In "the best day of the year" they don't, and in "today in timestamp" they name what to convert into.
+  [[nodiscard]] bool isPartOfProse(const PrototypeSequenceMatcher::Match& match) const {
+    constexpr std::size_t mostTokens = 7;
+    const auto& prototypes = match.sequence->prototypes();
+    if (prototypes.size() > mostTokens) return false;
+    const bool hasGap = std::any_of(prototypes.begin(), prototypes.end(), [&match](const auto& prototype) {
+      const auto at = static_cast<std::size_t>(&prototype - match.sequence->prototypes().data());
+      const bool isBlank = at < match.slice.tokens.size() && match.slice.tokens[at].is(TokenType::whitespace);
+      return prototype->kind() != TokenPrototype::Kind::literal && !isBlank;
+    });
+    if (hasGap) return false;
+    const Token* before = list_.tokenBefore(match.slice.startIndex, /*ignoreWhitespace=*/true);
+    if (before != nullptr && before->is(TokenType::converterSymbol)) return true;
+    const auto isWord = [](const Token& token) { return token.is(TokenType::wordComment); };
+    const auto words = std::count_if(list_.begin(), list_.end(), isWord);
+    return words > std::count_if(match.slice.tokens.begin(), match.slice.tokens.end(), isWord);
   }
 
   /// Whether the call could be made: it can't where calls would nest too deep.

@@ -7,6 +7,7 @@ namespace tavrine {
 std::span<const WordFunctionHandler* const> allWordFunctionHandlers() {
   static constexpr std::array kHandlers{
       &kBasicFunctionHandler,
+      &kDateTimeFunctionHandler,
   };
   return kHandlers;
 }

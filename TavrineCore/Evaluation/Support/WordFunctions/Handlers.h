@@ -8,6 +8,7 @@ namespace tavrine {
 
 /// The families, each in a source file of its own.
 extern const WordFunctionHandler kBasicFunctionHandler;
+extern const WordFunctionHandler kDateTimeFunctionHandler;
 
 /// All of them; no function is in two.
 std::span<const WordFunctionHandler* const> allWordFunctionHandlers();
