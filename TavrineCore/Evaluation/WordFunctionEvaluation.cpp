@@ -67,8 +67,8 @@ Token evaluateBuiltIn(const Token& token) {
   const auto* call = token.metadataAs<WordFunctionTokenMetadata>();
   if (call == nullptr || call->sequence == nullptr || !token.subtokens) return Token();
   std::vector<Token> arguments;
-  for (CustomFunctionArgument& argument :
-       CustomFunctionSubstitutionUtility::functionArgumentsFor(*token.subtokens, *call->sequence)) {
+  for (CustomFunctionArgument& argument : CustomFunctionSubstitutionUtility::functionArgumentsFor(
+           *token.subtokens, *call->sequence, WordArguments::passed)) {
     arguments.push_back(std::move(argument.matchedToken));
   }
   if (const Token* held = pendingOrFailureToken(arguments)) return *held;

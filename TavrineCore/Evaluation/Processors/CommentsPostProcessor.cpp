@@ -16,7 +16,7 @@ void filterOut(EditableTokenList& list, const TokenTypeSet& types, const TokenTy
 void CommentsPostProcessor::process(EditableTokenList& list) {
   if (!list->anyTypesHaveBeenPresentIn(TokenTypeSet::commentTypes)) return;
   filterOut(list, TokenType::slashComment);
-  filterOut(list, TokenType::legacyQuotationComment, TokenTypeSet::listSet);
+  filterOut(list, TokenType::legacyQuotationComment, TokenTypeSet::listSet | TokenTypeSet::wordFunctionSet);
   filterOut(list, TokenType::bracketComment);
   filterOut(list, TokenType::labelExpression);
   filterOut(list, TokenType::label, TokenTypeSet::subExpressionAndConverterSet);

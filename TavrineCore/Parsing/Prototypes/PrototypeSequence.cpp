@@ -67,6 +67,7 @@ PrototypeSequenceRef PrototypeSequence::withMetadata(PrototypeSequenceMetadata m
 bool PrototypeSequence::typesWereIn(const TokenList& list) const {
   TokenTypeSet types = typesPresent();
   if (list.typePrecheck(TokenType::fraction)) types.remove(TokenType::percentage);
+  if (list.typePrecheck(TokenType::legacyQuotationComment)) types.remove(TokenType::literal);
   return list.typesPrecheck(types);
 }
 

@@ -21,6 +21,7 @@ bool LiteralTokenPrototype::matches(const Token& token) const {
 bool TypeTokenPrototype::matches(const Token& token) const {
   if (token.type == type_) return true;
   if (type_ == TokenType::percentage && token.type == TokenType::fraction) return true;
+  if (type_ == TokenType::literal && token.type == TokenType::legacyQuotationComment) return true;
   if (token.type != TokenType::wordFunction) return false;
   const std::optional<FunctionIdentifier> called = token.functionIdentifier();
   return called && returnTypeOf(*called) == type_;

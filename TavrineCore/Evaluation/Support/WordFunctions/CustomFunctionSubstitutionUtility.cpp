@@ -8,6 +8,7 @@
 #include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
@@ -34,12 +35,25 @@ const TokenTypeSet CustomFunctionSubstitutionUtility::illegalArgumentTokenTypes 
 
 namespace {
 
-/// The value of a variable, so that its name needs no looking up later.
+/// The value of a variable, so that its name needs no looking up later. A tag stays what it is: it stands for its
+/// lines.
 Token valueOf(const Token& token) {
+  if (token.is(TokenType::hashtag)) return token.evaluated();
   if (const std::optional<Variable> variable = token.variable()) {
     if (std::optional<Token> value = tokenOfDefinition(*variable)) return *std::move(value);
   }
   return token.evaluated();
+}
+
+/// What the words of the line are where the phrase asks for words: quoted text for a literal, a word for any word.
+std::optional<Token> textAt(const TokenPrototype& prototype, const Token& token, WordArguments words) {
+  const auto literal = [&token](std::string text) { return Token(TokenType::literal, std::move(text), token.range); };
+  if (prototype.kind() == TokenPrototype::Kind::anyWord && words == WordArguments::passed) {
+    return literal(token.stringValue);
+  }
+  const auto* quotation = token.metadataAs<QuotationCommentTokenMetadata>();
+  if (prototype.kind() != TokenPrototype::Kind::type || quotation == nullptr) return std::nullopt;
+  return literal(quotation->stringValue);
 }
 
 }  // namespace
@@ -52,17 +66,22 @@ std::optional<std::vector<CustomFunctionArgument>> CustomFunctionSubstitutionUti
 }
 
 std::vector<CustomFunctionArgument> CustomFunctionSubstitutionUtility::functionArgumentsFor(
-    const TokenList& tokenList, const PrototypeSequence& matchedSequence) {
+    const TokenList& tokenList, const PrototypeSequence& matchedSequence, WordArguments words) {
   std::vector<CustomFunctionArgument> arguments;
   const auto& prototypes = matchedSequence.prototypes();
   if (prototypes.size() != tokenList.count()) return arguments;
   for (std::size_t i = 0; i < prototypes.size(); ++i) {
     const Token& token = tokenList[i];
     if (prototypes[i]->kind() == TokenPrototype::Kind::literal) continue;
+    if (std::optional<Token> text = textAt(*prototypes[i], token, words)) {
+      EvaluationResult result = text->evaluationResult();
+      arguments.push_back({*std::move(text), std::move(result)});
+      continue;
+    }
     if (illegalArgumentTokenTypes.contains(token.type)) continue;
     if (prototypes[i]->kind() == TokenPrototype::Kind::subExpression && token.subtokens) {
       const auto& inside = static_cast<const SubExpressionTokenPrototype&>(*prototypes[i]).prototypeSequence();
-      std::vector<CustomFunctionArgument> found = functionArgumentsFor(*token.subtokens, inside);
+      std::vector<CustomFunctionArgument> found = functionArgumentsFor(*token.subtokens, inside, words);
       arguments.insert(arguments.end(), std::move_iterator(found.begin()), std::move_iterator(found.end()));
       continue;
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -18,6 +19,9 @@ struct CustomFunctionArgument {
   EvaluationResult functionArgument;
 };
 
+/// Whether the words at gaps for any word are arguments. Those of hosts' phrases are none: a word is no value.
+enum class WordArguments : std::uint8_t { passed, leftOut };
+
 /// Takes the arguments out of a phrase that has been matched.
 struct CustomFunctionSubstitutionUtility {
   /// What never is an argument: the words and signs that a phrase is made of.
@@ -30,7 +34,8 @@ struct CustomFunctionSubstitutionUtility {
   /// The arguments in the order of the gaps; what comes to nothing is left out. None where the tokens aren't the
   /// phrase.
   [[nodiscard]] static std::vector<CustomFunctionArgument> functionArgumentsFor(
-      const TokenList& tokenList, const PrototypeSequence& matchedSequence);
+      const TokenList& tokenList, const PrototypeSequence& matchedSequence,
+      WordArguments words = WordArguments::leftOut);
 };
 
 }  // namespace tavrine

@@ -8,6 +8,10 @@ std::span<const WordFunctionHandler* const> allWordFunctionHandlers() {
   static constexpr std::array kHandlers{
       &kBasicFunctionHandler,
       &kDateTimeFunctionHandler,
+      &kLiteralFunctionHandler,
+      &kStatisticalFunctionHandler,
+      &kUnitFunctionHandler,
+      &kVideoFunctionHandler,
   };
   return kHandlers;
 }

@@ -9,6 +9,10 @@ namespace tavrine {
 /// The families, each in a source file of its own.
 extern const WordFunctionHandler kBasicFunctionHandler;
 extern const WordFunctionHandler kDateTimeFunctionHandler;
+extern const WordFunctionHandler kLiteralFunctionHandler;
+extern const WordFunctionHandler kStatisticalFunctionHandler;
+extern const WordFunctionHandler kUnitFunctionHandler;
+extern const WordFunctionHandler kVideoFunctionHandler;
 
 /// All of them; no function is in two.
 std::span<const WordFunctionHandler* const> allWordFunctionHandlers();
