@@ -39,7 +39,7 @@ TEST(Deidentifier, TurnsWhatNothingUsedIntoWords) {
            {"5 in the as", "number.wordComment.wordComment.wordComment"},
            {"5 of 6 and 7", "number.wordComment.number.wordComment.number"},
            {"hex then total 5?", "wordComment.wordComment.wordComment.number wordComment"},
-           {"total 1, 2", "wordComment.number wordComment.number"},
+           {"total 1", "wordComment.number"},
            {"1/2", "number operator number"},
            {"√9", "operator number"},
            {"(in)", "subexpression[bracket wordComment bracket]"},
