@@ -34,10 +34,15 @@ std::optional<std::string> LaptimeResultFormatter::formattedResult(const Evaluat
   text += ':';
   appendTwoDigits(laptime->minute, text);
   if (!laptime->seconds) return text;
+  const auto shown = [&context](const Decimal& number) {
+    return DecimalResultFormatter::formatted(number, context.formattingPreferences, context.locale);
+  };
   const Decimal seconds = laptime->seconds->magnitude();
+  const std::string shownSeconds = shown(seconds);
   text += ':';
-  if (seconds < Decimal(10)) text += '0';
-  return text += DecimalResultFormatter::formatted(seconds, context.formattingPreferences, context.locale);
+  // 9.999 may be shown as 10, which has its two digits.
+  if (seconds < Decimal(10) && shownSeconds != shown(10)) text += '0';
+  return text += shownSeconds;
 }
 
 std::optional<std::string> FrametimeResultFormatter::formattedResult(const EvaluationResult& result,
