@@ -7,7 +7,9 @@ namespace tavrine {
 std::span<const WordFunctionHandler* const> allWordFunctionHandlers() {
   static constexpr std::array kHandlers{
       &kBasicFunctionHandler,
+      &kChangeFunctionHandler,
       &kDateTimeFunctionHandler,
+      &kFinancialFunctionHandler,
       &kLiteralFunctionHandler,
       &kStatisticalFunctionHandler,
       &kUnitFunctionHandler,

@@ -8,7 +8,9 @@ namespace tavrine {
 
 /// The families, each in a source file of its own.
 extern const WordFunctionHandler kBasicFunctionHandler;
+extern const WordFunctionHandler kChangeFunctionHandler;
 extern const WordFunctionHandler kDateTimeFunctionHandler;
+extern const WordFunctionHandler kFinancialFunctionHandler;
 extern const WordFunctionHandler kLiteralFunctionHandler;
 extern const WordFunctionHandler kStatisticalFunctionHandler;
 extern const WordFunctionHandler kUnitFunctionHandler;
