@@ -26,7 +26,9 @@ constexpr FunctionIdentifierSet kHandled{exponentialGrowth, exponentialDecay, ti
                                          growthOverExponentialChange, timeRequiredForLinearChange};
 
 Answer quantityAfter(Arguments arguments, bool decays) {
-  const auto told = ExponentialGrowthOrDecayFunctionParameters::parameters(arguments);
+  // "doubling" and "halving" need no percentage.
+  const Decimal rateInWords = decays ? Decimal(1) / Decimal(2) : Decimal(1);
+  const auto told = ExponentialGrowthOrDecayFunctionParameters::parameters(arguments, rateInWords);
   if (!told) return std::nullopt;
   return resultWith(decays ? told->quantityAfterDecay() : told->quantityAfterGrowth(), arguments[0]);
 }

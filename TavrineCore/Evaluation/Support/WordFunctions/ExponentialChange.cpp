@@ -1,5 +1,8 @@
 #include "TavrineCore/Evaluation/Support/WordFunctions/ExponentialChange.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "Foundation/DecimalMath.h"
@@ -27,7 +30,8 @@ struct Change {
 };
 
 /// A rate and a bare unit tell the interval by themselves. Of two durations the one next to the percentage and behind
-/// it is the interval: "for 2 years by 5% every 3 months", "5% every 3 months for 2 years".
+/// it is the interval: "for 2 years by 5% every 3 months", "5% every 3 months for 2 years"; without a percentage it is
+/// the first: "doubling every 3 hours for 2 days".
 Change changeIn(std::span<const Token> arguments) {
   Change change;
   std::vector<UnitExpression> before;
@@ -43,6 +47,7 @@ Change changeIn(std::span<const Token> arguments) {
       (change.percentage ? behind : before).push_back(*duration);
     }
   }
+  if (!change.percentage) std::swap(before, behind);
   const bool hasTwo = before.size() + behind.size() > 1;
   if (!change.interval && hasTwo && !behind.empty()) change.interval = behind.front();
   if (!before.empty()) {
@@ -56,13 +61,14 @@ Change changeIn(std::span<const Token> arguments) {
 }  // namespace
 
 std::optional<ExponentialGrowthOrDecayFunctionParameters> ExponentialGrowthOrDecayFunctionParameters::parameters(
-    std::span<const Token> arguments) {
+    std::span<const Token> arguments, const Decimal& rateInWords) {
   if (arguments.size() < 3) return std::nullopt;
   const std::optional<Decimal> initial = decimalOf(arguments[0]);
-  const Change change = changeIn(arguments.subspan(1));
-  if (!initial || !change.percentage || !change.totalTime) return std::nullopt;
+  Change change = changeIn(arguments.subspan(1));
+  if (!initial || !change.totalTime) return std::nullopt;
   const UnitExpression& total = *change.totalTime;
-  return ExponentialGrowthOrDecayFunctionParameters{*initial, *change.percentage, secondsOrZero(total),
+  return ExponentialGrowthOrDecayFunctionParameters{*initial, change.percentage.value_or(rateInWords),
+                                                    secondsOrZero(total),
                                                     secondsOrZero(change.interval.value_or(oneOf(total.unit)))};
 }
 
@@ -76,14 +82,24 @@ Decimal ExponentialGrowthOrDecayFunctionParameters::quantityAfterDecay() const {
 
 std::optional<ExponentialTimeRequiredFunctionParameters> ExponentialTimeRequiredFunctionParameters::parameters(
     std::span<const Token> arguments) {
-  if (arguments.size() < 3) return std::nullopt;
-  const std::optional<Decimal> start = decimalOf(arguments[0]);
-  const std::optional<Decimal> end = valueInUnitOf(arguments[0], arguments[1]);
-  const Change change = changeIn(arguments.subspan(2));
+  std::optional<TCUnit> asked;
+  if (!arguments.empty() && arguments[0].is(TokenType::unit)) {
+    asked = arguments[0].unitValue();
+    arguments = arguments.subspan(1);
+  }
+  const auto percentage = std::find_if(arguments.begin(), arguments.end(), isPercentageLike);
+  const auto quantities = static_cast<std::size_t>(percentage - arguments.begin());
+  if (percentage == arguments.end() || quantities > 2) return std::nullopt;
+  const std::optional<Decimal> start = quantities > 0 ? decimalOf(arguments[0]) : Decimal(1);
+  if (!start) return std::nullopt;
+  const std::optional<Decimal> end =
+      quantities > 1 ? valueInUnitOf(arguments[0], arguments[1]) : std::optional(*start * Decimal(2));
+  const Change change = changeIn(arguments.subspan(quantities));
   const std::optional<UnitExpression> interval = change.interval ? change.interval : change.totalTime;
   const std::optional<Decimal> every = interval ? secondsOf(*interval) : std::nullopt;
-  if (!start || !end || !change.percentage || !every) return std::nullopt;
-  return ExponentialTimeRequiredFunctionParameters{*start, *end, *every, *change.percentage, interval->unit};
+  if (!end || !change.percentage || !every) return std::nullopt;
+  return ExponentialTimeRequiredFunctionParameters{*start, *end, *every, *change.percentage,
+                                                   asked.value_or(interval->unit)};
 }
 
 std::optional<Decimal> ExponentialTimeRequiredFunctionParameters::timeRequired() const {

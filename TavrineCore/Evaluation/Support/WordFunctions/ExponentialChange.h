@@ -23,9 +23,10 @@ struct ExponentialGrowthOrDecayFunctionParameters {
 
   /// Reads the initial quantity, then the percentage, and durations. The percentage of a rate tells its own interval;
   /// a bare percentage has it from a second duration ("5% every 3 months for 2 years") or counts once for each unit of
-  /// the total time ("5% for 2 years"). A time that can't be told in seconds is 0.
+  /// the total time ("5% for 2 years"). A time that can't be told in seconds is 0. `rateInWords` is the rate of phrases
+  /// without a percentage: 1 for "doubling every 3 hours".
   [[nodiscard]] static std::optional<ExponentialGrowthOrDecayFunctionParameters> parameters(
-      std::span<const Token> arguments);
+      std::span<const Token> arguments, const Decimal& rateInWords);
 
   /// initial × (1 + rate)^(total ÷ every).
   [[nodiscard]] Decimal quantityAfterGrowth() const;
@@ -47,7 +48,8 @@ struct ExponentialTimeRequiredFunctionParameters {
   /// What the answer is told in.
   TCUnit inputTimeUnit;
 
-  /// Reads start and end, then a rate, or a percentage and its interval.
+  /// Reads start and end, then a rate, or a percentage and its interval. Without an end it is twice the start, without
+  /// a start that is 1: "time to double $100 at 5% per year". A unit before them is what the answer is asked in.
   [[nodiscard]] static std::optional<ExponentialTimeRequiredFunctionParameters> parameters(
       std::span<const Token> arguments);
 

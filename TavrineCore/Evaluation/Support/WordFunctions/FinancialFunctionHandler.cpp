@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <vector>
@@ -66,6 +67,13 @@ const Token* amountAmong(Arguments arguments) {
   return found != arguments.end() ? &*found : nullptr;
 }
 
+/// Without what else a phrase holds: "ROI" is a time zone too.
+std::vector<Token> amountsAmong(Arguments arguments) {
+  std::vector<Token> amounts;
+  std::copy_if(arguments.begin(), arguments.end(), std::back_inserter(amounts), isAmount);
+  return amounts;
+}
+
 /// The arguments with the amount before the others: "7% on $1,000 for 5 years" as "$1,000, 7%, 5 years".
 std::vector<Token> amountFirst(Arguments arguments) {
   std::vector<Token> ordered(arguments.begin(), arguments.end());
@@ -119,20 +127,21 @@ Answer ofMoneyTimePercent(FunctionIdentifier identifier, Arguments arguments) {
 
 // --- Returns --------------------------------------------------------------------------------------------------------
 
+/// What went in is the first amount and what came out the last.
 Answer totalReturnOf(Arguments arguments) {
-  if (arguments.size() < 2 || !isAmount(arguments.front()) || !isAmount(arguments.back())) return std::nullopt;
-  const std::optional<Decimal> end = valueInUnitOf(arguments.front(), arguments.back());
+  const std::vector<Token> amounts = amountsAmong(arguments);
+  if (amounts.size() < 2) return std::nullopt;
+  const std::optional<Decimal> end = valueInUnitOf(amounts.front(), amounts.back());
   if (!end) return std::nullopt;
-  const ReturnOnInvestmentCalculator calculator{arguments.front().decimalValue(), *end, Decimal()};
+  const ReturnOnInvestmentCalculator calculator{amounts.front().decimalValue(), *end, Decimal()};
   return EvaluationResult::multiplier({calculator.totalReturn()});
 }
 
 /// Two amounts, what went in first, and how long it took.
 Answer annualReturnOf(Arguments arguments) {
-  std::vector<Token> amounts;
+  const std::vector<Token> amounts = amountsAmong(arguments);
   std::optional<UnitExpression> duration;
   for (const Token& argument : arguments) {
-    if (isAmount(argument)) amounts.push_back(argument);
     if (!duration) duration = durationOf(argument);
   }
   if (amounts.size() != 2 || !duration) return std::nullopt;
@@ -177,14 +186,19 @@ std::int64_t currentYear() { return yearAt(Date::now(), Environment::current().t
 
 /// The year of a date; behind some words a year is read as a number, and in "2010 dollars" as an amount.
 std::optional<std::int64_t> yearOf(const Token& token) {
-  if (const std::optional<Datestamp> date = token.datestampValue()) return yearAt(date->date, date->timezone);
+  // Asked first: a number is a date too, so many seconds after the start of 1970.
   const std::optional<Decimal> value = token.is(TokenType::number) || isMoney(token) ? decimalOf(token) : std::nullopt;
-  if (!value || value->rounded(0, RoundingMode::plain) != *value) return std::nullopt;
+  if (!value) {
+    const std::optional<Datestamp> date = token.datestampValue();
+    return date ? std::optional(yearAt(date->date, date->timezone)) : std::nullopt;
+  }
+  if (value->rounded(0, RoundingMode::plain) != *value) return std::nullopt;
   return value->intValue();
 }
 
 /// "today" and the like, which some phrases name and others leave out.
 bool meansNow(const Token& token) {
+  if (!token.is(TokenType::datestamp)) return false;
   const std::optional<Datestamp> date = token.datestampValue();
   if (!date) return false;
   using enum DatestampType;
