@@ -1,7 +1,6 @@
 #include "TavrineCore/Evaluation/Support/WordFunctions/ExponentialChange.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -111,10 +110,7 @@ std::optional<Decimal> ExponentialTimeRequiredFunctionParameters::timeRequired()
   if (ratio == one) return zero;
   // Only positive numbers have logarithms, and nothing grows by 0%.
   if (ratio.isNaN() || ratio <= zero || base <= zero || base == one) return std::nullopt;
-  // Floating point keeps more digits of a small logarithm than the decimal logarithms do.
-  const double periods = std::log(ratio.toDouble()) / std::log(base.toDouble());
-  if (!std::isfinite(periods)) return std::nullopt;
-  const Decimal time = Decimal::fromDouble(periods) * changeEvery;
+  const Decimal time = DDDecimalNthLog(ratio, base) * changeEvery;
   return time < zero ? std::nullopt : std::optional(time);
 }
 
