@@ -10,6 +10,7 @@
 
 #include "Foundation/Environment.h"
 #include "TavrineCore/Evaluation/PostEvaluation/AutomaticResultConverter.h"
+#include "TavrineCore/Evaluation/PostEvaluation/ResultConversionRule.h"
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
 #include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
 #include "TavrineCore/Parsing/Primitives/Datestamp.h"
@@ -34,6 +35,13 @@ Token converterOf(Sub subType, std::string_view word, Sub symbol, Token target) 
 
 std::string converted(std::string_view operand, const Token& converter) {
   const std::optional<Token> result = TokenConverterFactory::converted(timeToken(operand), converter);
+  return result ? describeTime(*result) : "unchanged";
+}
+
+std::string convertedBy(const ResultConversionBehavior& behavior, std::string_view operand) {
+  const Token token = timeToken(operand);
+  const EngineCustomization customization = EngineCustomization::basic();
+  const auto result = AutomaticResultConverter(behavior, token, customization).finalValue();
   return result ? describeTime(*result) : "unchanged";
 }
 
@@ -187,13 +195,26 @@ TEST_F(DateConverterTests, ResultsAreConvertedByThemselves) {
       {"date 2026-06-10 dayMonthYear Asia/Tokyo", "unchanged"},
       {"date 2026-06-10T18:00 clockTime", "unchanged"},
   };
-  const EngineCustomization customization = EngineCustomization::basic();
   for (const auto& row : rows) {
-    const Token operand = timeToken(row.operand);
-    const AutomaticResultConverter converter(ResultConversionBehavior::automatic(), operand, customization);
-    const auto result = converter.finalValue();
-    EXPECT_EQ(result ? describeTime(*result) : "unchanged", row.want) << row.operand;
+    EXPECT_EQ(convertedBy(ResultConversionBehavior::automatic(), row.operand), row.want) << row.operand;
   }
+}
+
+TEST_F(DateConverterTests, LoneTimesFollowTheRulesOfTheUser) {
+  const auto rules = ResultConversionBehavior::customRules(
+      {ResultConversionRule::convertToTimespanUnitExpressionWith(UnitIdentifier::hours),
+       ResultConversionRule::timeWithTimezone(TimeZone("Asia/Tokyo"))});
+  struct {
+    std::string_view operand;
+    std::string_view want;
+  } const rows[] = {
+      {"2.5 hours", "span 2h 30m"},
+      {"90 minutes", "unchanged"},
+      {"date 2026-06-10T09:00 clockTime Europe/Paris", "date 2026-06-10T16:00 clockTime Asia/Tokyo"},
+      {"date 2026-06-10T16:00 clockTime Asia/Tokyo", "unchanged"},
+      {"date 2026-06-10 dayMonthYear Europe/Paris", "unchanged"},
+  };
+  for (const auto& row : rows) EXPECT_EQ(convertedBy(rules, row.operand), row.want) << row.operand;
 }
 
 }  // namespace
