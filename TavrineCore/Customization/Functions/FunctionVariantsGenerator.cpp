@@ -16,12 +16,12 @@ namespace {
 using enum FunctionIdentifier;
 
 /// How many phrases one phrase may become.
-constexpr std::size_t kMaximumVariants = 64;
+constexpr std::size_t kMaximumVariants = 48;
 
 /// Words that mean the same in the phrases of some functions: the first is how the resource file spells it.
 struct WordGroup {
   FunctionIdentifierSet functions;
-  std::array<std::string_view, 10> words;
+  std::array<std::string_view, 9> words;
 };
 
 constexpr FunctionIdentifierSet kPercentFunctions = FunctionIdentifierSet::fromTo(percentOf, reversedPercentOff);
@@ -33,26 +33,22 @@ constexpr FunctionIdentifierSet kCompounds =
 
 constexpr FunctionIdentifierSet kLoans =
     FunctionIdentifierSet::fromTo(totalInterestOnLoanRepayment, monthlyLoanRepayment);
-constexpr FunctionIdentifierSet kInterestRates =
-    FunctionIdentifierSet::fromTo(totalInterestOnLoanRepayment, compoundInterestCompoundingQuarterly);
 
 constexpr auto kWordGroups = std::to_array<WordGroup>({
     {kPercentFunctions, {"%", "percent", "percentage"}},
     {{xToYIsWhatPercentage}, {"%", "percent", "percentage"}},
     {kRepayments, {"repayment", "repayments", "payment", "payments"}},
     {{annualLoanRepayment, annualInterestOnLoanRepayment}, {"annual", "yearly"}},
-    {{returnOnInvestmentAfter}, {"annual", "yearly", "annualized", "annualised"}},
+    {{returnOnInvestmentAfter}, {"annual", "yearly", "annualized"}},
     {kLoans, {"over", "for"}},
-    {kLoans, {"on", "for"}},
-    {kInterestRates, {"__at", "with", "__at an interest rate of", "with an interest rate of"}},
     {kInterests, {"repayment", "loan", "mortgage"}},
     {kCompounds, {"compounding", "compounded", "compound"}},
     {kCompounds, {"annually", "yearly"}},
     {kCompounds, {"every", "each"}},
-    {{exponentialGrowth}, {"growing", "increasing", "rising", "appreciating"}},
-    {{exponentialDecay}, {"shrinking", "decreasing", "falling", "declining", "decaying", "depreciating"}},
+    {{exponentialGrowth}, {"growing", "increasing", "rising"}},
+    {{exponentialDecay}, {"shrinking", "decreasing", "falling", "declining", "depreciating"}},
     {{timeRequiredForExponentialChange, timeRequiredForLinearChange},
-     {"get", "go", "grow", "increase", "rise", "shrink", "fall", "drop", "decrease", "decline"}},
+     {"get", "go", "grow", "increase", "rise", "shrink", "fall", "drop", "decrease"}},
     {{squareRoot}, {"square", "squared"}},
     {{cubedRoot}, {"cube", "cubed", "cubic"}},
     {{nthLog, nthLogReversed}, {"log", "logarithm"}},
