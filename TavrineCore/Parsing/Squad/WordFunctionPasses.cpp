@@ -79,8 +79,9 @@ class CallWrapper {
   CallWrapper(TokenList& list, const PassContext& context, std::size_t depth)
       : list_(list), context_(context), depth_(depth) {}
 
-  void wrap(Sequences sequences) {
+  void wrap(const Sequences& candidates) {
     bool hasWrapped = false;
+    Sequences sequences = candidates;
     drop(sequences);
     for (std::size_t end = list_.count(); end > 0 && !sequences.empty();) {
       PrototypeSequenceMatcher matcher(list_);
@@ -89,6 +90,9 @@ class CallWrapper {
       if (!match) break;
       if (isPartOfProse(*match) || !replace(*match)) continue;
       hasWrapped = true;
+      // A call may be what a gap of another phrase wanted: "3 days after 5 days ago".
+      const std::optional<FunctionIdentifier> called = match->sequence->functionIdentifier();
+      if (called && returnTypeOf(*called)) sequences = candidates;
       drop(sequences);
       // Nothing has changed for phrases that end farther right than one that begins with the new token reaches.
       end = std::min(list_.count(), match->slice.startIndex + longestOf(sequences));
@@ -212,7 +216,7 @@ void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor seque
     list.replaceAt(i, std::move(edited));
   }
   Sequences sequences = sequencesFor(list, context);
-  if (!sequences.empty()) CallWrapper(list, context, depth).wrap(std::move(sequences));
+  if (!sequences.empty()) CallWrapper(list, context, depth).wrap(sequences);
 }
 
 }  // namespace

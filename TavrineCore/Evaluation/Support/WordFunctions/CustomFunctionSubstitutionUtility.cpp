@@ -87,7 +87,9 @@ std::vector<CustomFunctionArgument> CustomFunctionSubstitutionUtility::functionA
     }
     Token value = valueOf(token);
     EvaluationResult result = value.evaluationResult();
-    if (result.is(EvaluationResultCase::none)) continue;
+    // A zone that belongs to no place ("EST") is no result, but built-in functions know what to do with it.
+    const bool isBareZone = matchedSequence.functionIdentifier() && value.is(TokenType::timezone);
+    if (result.is(EvaluationResultCase::none) && !isBareZone) continue;
     arguments.push_back({std::move(value), std::move(result)});
   }
   return arguments;

@@ -1,6 +1,7 @@
 // Dates in words: "days until christmas", "3 weeks from Tuesday", "time in Tokyo". The parser has moved dates that
 // could be meant in several years to where the phrase wants them; here they are taken as they are.
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <optional>
@@ -156,14 +157,16 @@ Answer differenceBetween(Arguments zones) {
 
 // --- From date to date ---------------------------------------------------------------------------------------------
 
-Answer unitsBetween(const Token& unitToken, Date from, Date to, const EngineCustomization& customization) {
+/// Counts from the earlier to the later moment: there are as many days between two dates in either order.
+Answer unitsBetween(const Token& unitToken, Date one, Date other, const EngineCustomization& customization) {
   const auto unit = unitToken.unitValue();
   const auto component = unitToken.calendarComponentValue();
   if (!unit || !component) return std::nullopt;
+  const foundation::DateInterval interval(one, other);
   if (*component == Component::weekday) {
-    return amount(Decimal(workdaysBetween(environmentOf(customization), from, to)), *unit);
+    return amount(Decimal(workdaysBetween(environmentOf(customization), interval.start(), interval.end())), *unit);
   }
-  const DateComponents between = Calendar::current().dateComponents({*component}, from, to);
+  const DateComponents between = Calendar::current().dateComponents({*component}, interval.start(), interval.end());
   return amount(Decimal(valueOf(between, *component).value_or(0)), *unit);
 }
 
@@ -278,23 +281,39 @@ Answer unitsInDate(Arguments arguments, const EngineCustomization& customization
   return EvaluationResult::unitExpression(*converted);
 }
 
-/// "the year" is the one that runs.
-Token asRunningPeriod(const Token& token) {
-  const auto component = token.is(TokenType::unit) ? token.calendarComponentValue() : std::nullopt;
-  if (component != Component::month && component != Component::year) return token;
-  const DatestampType type = component == Component::month ? DatestampType::thisMonth : DatestampType::thisYear;
-  const Calendar calendar = Calendar::current();
-  return TokenFactory::datestampWith({.date = Date::now(), .type = type, .timezone = calendar.timeZone()},
-                                     CalendarEnvironment(calendar));
+/// The part of the calendar of which something may be left: the day of "today", the month of "June".
+std::optional<Component> runningPeriodOf(const Datestamp& datestamp) {
+  if (datestamp.type == DatestampType::today) return Component::day;
+  if (datestamp.type == DatestampType::thisWeek) return Component::weekOfYear;
+  return periodOf(datestamp);
 }
 
-/// Only the month or the year that runs has anything left.
+/// "the year" is the one that runs.
+Token asRunningPeriod(const Token& token) {
+  struct Row {
+    UnitIdentifier unit;
+    DatestampType type;
+  };
+  constexpr std::array kRows{
+      Row{UnitIdentifier::days, DatestampType::today}, Row{UnitIdentifier::weeks, DatestampType::thisWeek},
+      Row{UnitIdentifier::months, DatestampType::thisMonth}, Row{UnitIdentifier::years, DatestampType::thisYear}};
+  const auto unit = token.is(TokenType::unit) ? token.unitValue() : std::nullopt;
+  for (const Row& row : kRows) {
+    if (!unit || row.unit != unit->identifier()) continue;
+    const Calendar calendar = Calendar::current();
+    return TokenFactory::datestampWith({.date = Date::now(), .type = row.type, .timezone = calendar.timeZone()},
+                                       CalendarEnvironment(calendar));
+  }
+  return token;
+}
+
+/// Only what runs at present has anything left: this month, but no other.
 Answer unitsLeftInDate(Arguments given, const EngineCustomization& customization) {
   std::vector<Token> arguments(given.begin(), given.end());
   if (!arguments.empty()) arguments.back() = asRunningPeriod(arguments.back());
   const auto output = CalendarFunctionOutputSpecifier::parameters(arguments);
   const auto date = output ? output->dateParameters[0].datestampValue() : std::nullopt;
-  const auto period = date ? periodOf(*date) : std::nullopt;
+  const auto period = date ? runningPeriodOf(*date) : std::nullopt;
   if (!period || output->dateParameters.size() != 1) return std::nullopt;
   const Date now = Date::now();
   const Calendar calendar = Calendar::current();
