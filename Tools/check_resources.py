@@ -213,9 +213,9 @@ class Checker:
         for letter in '"#=':
             if letter in words:
                 self.tell(name, f"{where} holds {letter}, which makes something else of the line")
-        loose = len(re.findall(r"\d+", phrase))
-        if not re.search(r"\w", re.sub(r"\d", "", words)) and loose:
-            self.tell(name, f"{where} is all gaps")
+        typed = set(re.findall(r"__\w+", phrase)) - {"__any_word", "__decimal"}
+        if not typed and not re.search(r"\w", re.sub(r"\d", "", words)):
+            self.tell(name, f"{where} is all gaps that take anything")
         for fixture in self.fixtures_with_numbers():
             if re.search(rf"(?<!\w){re.escape(fixture)}(?!\w)", phrase):
                 self.tell(name, f'{where} has no gap in "{fixture}", which is a word of the vocabulary')
