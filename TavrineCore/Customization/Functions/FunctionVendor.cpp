@@ -1,9 +1,11 @@
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "Foundation/StringMap.h"
 #include "Foundation/Text.h"
@@ -31,6 +33,15 @@ class PhraseCollector {
   std::vector<Function> functions_;
   StringSet seen_;
 };
+
+/// The phrases of one entry, those of more words first: of two that end at the same word the longer one says more.
+std::vector<std::string> longestFirst(std::vector<std::string> phrases) {
+  const auto countBlanks = [](const std::string& phrase) { return std::count(phrase.begin(), phrase.end(), ' '); };
+  std::stable_sort(phrases.begin(), phrases.end(), [&](const std::string& left, const std::string& right) {
+    return countBlanks(left) > countBlanks(right);
+  });
+  return phrases;
+}
 
 }  // namespace
 
@@ -64,7 +75,7 @@ std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& cu
   const auto descriptions = StaticResouces::localizedFunctions();
   for (const FunctionDescription& description : *descriptions) {
     if (disabled.contains(description.identifier)) continue;
-    for (const std::string& phrase : description.prototypeExpressions) {
+    for (const std::string& phrase : longestFirst(description.prototypeExpressions)) {
       for (Function& variant : FunctionVariantsGenerator::variantsOf({phrase, description.identifier})) {
         addWithSpellings(std::move(variant));
       }

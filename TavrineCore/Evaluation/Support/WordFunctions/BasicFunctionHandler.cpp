@@ -16,6 +16,7 @@
 #include "TavrineCore/Evaluation/Support/WordFunctions/HandlerArithmetic.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/Handlers.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/PrimeDeterminer.h"
+#include "TavrineCore/Parsing/Primitives/List.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
 #include "TavrineCore/Parsing/Primitives/UnitRelations.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
@@ -175,6 +176,21 @@ Answer clamped(const Token& token, const Decimal& lowest, const Decimal& highest
   return resultWith(result, token);
 }
 
+/// Of the numbers of a list: "highest common factor of 12, 18 and 30".
+Answer commonMultipleOf(FunctionIdentifier identifier, const Token& list) {
+  const EvaluationResult result = list.evaluationResult();
+  const List* const value = result.as<EvaluationResultCase::list>();
+  if (value == nullptr || !value->members) return std::nullopt;
+  CommonMultiplesCalculator calculator;
+  for (const EvaluationResult& member : *value->members) {
+    const std::optional<Decimal> number = decimalOf(member.tokenized());
+    if (!number) return std::nullopt;
+    calculator.values.push_back(*number);
+  }
+  const std::optional<Decimal> common = identifier == gcd ? calculator.gcd() : calculator.lcm();
+  return common ? Answer(EvaluationResult::decimal(*common)) : std::nullopt;
+}
+
 /// What works on the bare numbers of two arguments.
 Answer ofDecimals(FunctionIdentifier identifier, const Token& first, const Decimal& a, const Decimal& b) {
   switch (identifier) {
@@ -311,6 +327,8 @@ Answer ofOtherCounts(FunctionIdentifier identifier, Arguments arguments) {
 }
 
 Answer evaluateBasicFunction(FunctionIdentifier identifier, Arguments arguments, const EngineCustomization&) {
+  constexpr FunctionIdentifierSet kOfLists{gcd, lcm};
+  if (kOfLists.contains(identifier) && arguments.size() == 1) return commonMultipleOf(identifier, arguments[0]);
   if (arguments.size() != argumentCountOf(identifier)) return std::nullopt;
   if (arguments.size() != 2) return ofOtherCounts(identifier, arguments);
   const std::optional<Decimal> a = decimalOf(arguments[0]);

@@ -1,0 +1,214 @@
+// Every phrase of the resource file, filled in with values, is found where it stands and calls its own function.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cstddef>
+#include <fstream>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
+#include "TavrineCore/Customization/Functions/FunctionVendor.h"
+#include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
+#include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "Tests/Support/World.h"
+
+namespace tavrine::testing {
+namespace {
+
+using enum FunctionIdentifier;
+
+struct Sample {
+  std::string_view placeholder;
+  std::array<std::string_view, 2> values;  // of the first gap of the kind, and of the second
+};
+
+/// What stands for a gap of a type.
+constexpr auto kSamples = std::to_array<Sample>({
+    {"__decimal", {"12", "18"}},
+    {"__percentage", {"15%", "20%"}},
+    {"__timespan", {"3 days", "2 weeks"}},
+    {"__laptime", {"00:01:20.5", "00:02:30.5"}},
+    {"__unit_expression", {"30 km", "20 km"}},
+    {"__unit", {"km", "miles"}},
+    {"__rate", {"$5 per hour", "$6 per hour"}},
+    {"__datestamp", {"3 March 2026", "5 June 2026"}},
+    {"__datespan", {"3 - 5 June 2026", "7 - 9 July 2026"}},
+    {"__timezone", {"London", "Sydney"}},
+    {"__substance", {"flour", "sugar"}},
+    {"__frametime", {"00:01:20:05", "00:02:30:05"}},
+    {"__resolution", {"1920 x 1080", "800 x 600"}},
+    {"__list", {"3, 5 and 9", "2, 4 and 8"}},
+    {"__statistic_type", {"average", "median"}},
+    {"__any_word", {"foo", "bar"}},
+    {"__literal", {"\"one two\"", "\"three\""}},
+    {"__unit_rate", {"$5 per hour", "$6 per hour"}},
+    {"__percentage_rate", {"4% per year", "5% per year"}},
+    {"__decimal_rate", {"4 per year", "5 per year"}},
+    {"__at", {"at", "@"}},
+    {"__converter_symbol", {"in", "to"}},
+    {"__times", {"x", "times"}},
+    {"__duration", {"hour", "minute"}},
+    {"__duration_expression", {"3 hours", "20 minutes"}},
+    {"__length", {"km", "miles"}},
+    {"__length_expression", {"30 km", "20 miles"}},
+    {"__mass", {"grams", "kg"}},
+    {"__mass_expression", {"300 grams", "2 kg"}},
+    {"__volume", {"cups", "litres"}},
+    {"__volume_expression", {"3 cups", "2 litres"}},
+    {"__currency", {"USD", "EUR"}},
+    {"__currency_expression", {"$30", "$20"}},
+    {"__speed_expression", {"60 mph", "90 km/h"}},
+    {"__power_expression", {"50 kW", "20 kW"}},
+    {"__frames", {"frames", "frames"}},
+    {"__frames_expression", {"250 frames", "100 frames"}},
+    {"__frameRate_expression", {"25 fps", "30 fps"}},
+    {"__frequency_expression", {"50 Hz", "60 Hz"}},
+    {"__angularVelocity_expression", {"800 rpm", "900 rpm"}},
+    {"__screenDensity_expression", {"300 ppi", "200 ppi"}},
+});
+
+/// Gaps of values that nobody can type: tags have to be declared, and a timestamp comes from a variable.
+constexpr std::array<std::string_view, 2> kUntypedGaps{"__tag", "__timestamp"};
+
+bool canBeTyped(std::string_view phrase) {
+  return std::none_of(kUntypedGaps.begin(), kUntypedGaps.end(),
+                      [&](std::string_view gap) { return phrase.find(gap) != std::string_view::npos; });
+}
+
+/// What stands for a gap that takes any value to calculate with.
+enum class Filling { number, amount, brackets };
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::string arithmeticSample(Filling filling, std::size_t index) {
+  constexpr std::array<std::string_view, 4> kNumbers{"12", "18", "24", "36"};
+  const std::string number(kNumbers[index % kNumbers.size()]);
+  switch (filling) {
+    case Filling::number:
+      return number;
+    case Filling::amount:
+      return number + " km";
+    case Filling::brackets:
+      return '(' + number + " + 1)";
+  }
+  return number;
+}
+
+/// The phrase with values in its gaps; nothing where a gap of it can't take such a value.
+std::optional<std::string> filledIn(std::string_view phrase, Filling filling) {
+  std::string line;
+  std::size_t numbers = 0;
+  std::array<std::size_t, kSamples.size()> uses{};
+  for (std::size_t i = 0; i < phrase.size();) {
+    if (isDigit(phrase[i])) {
+      std::size_t end = i;
+      while (end < phrase.size() && isDigit(phrase[end])) ++end;
+      const bool standsFree = (i == 0 || phrase[i - 1] == ' ') && (end == phrase.size() || phrase[end] == ' ');
+      const bool touchesAnother = phrase.substr(end).starts_with(" 10") || phrase.substr(end).starts_with(" 30");
+      if ((!standsFree || touchesAnother) && filling != Filling::number) return std::nullopt;
+      line += arithmeticSample(filling, numbers++);
+      i = end;
+      continue;
+    }
+    if (!phrase.substr(i).starts_with(PrototypeTypePlaceholders::prototypePrefix)) {
+      line += phrase[i++];
+      continue;
+    }
+    std::size_t end = i;
+    while (end < phrase.size() && (std::isalnum(static_cast<unsigned char>(phrase[end])) != 0 || phrase[end] == '_')) {
+      ++end;
+    }
+    const auto* sample = std::find_if(kSamples.begin(), kSamples.end(), [&](const Sample& candidate) {
+      return candidate.placeholder == phrase.substr(i, end - i);
+    });
+    if (sample == kSamples.end()) return std::nullopt;
+    std::size_t& use = uses[static_cast<std::size_t>(sample - kSamples.begin())];
+    line += sample->values[use++ % 2];
+    i = end;
+  }
+  return line;
+}
+
+TokenList tokensOf(std::string_view line) {
+  return Parser(EngineCustomization::usStandard()).tokensFor(line, VariableList());
+}
+
+/// The function that the line calls from its first letter to its last. The word in front stands for what people say
+/// before they ask: a line of values and operators alone is a sum, in which nobody looks for phrases.
+std::optional<FunctionIdentifier> calledBy(std::string_view line) {
+  const TokenList list = tokensOf(std::string("please ").append(line));
+  return list.count() == 3 ? list[2].functionIdentifier() : std::nullopt;
+}
+
+/// A phrase without a gap has to be the whole line: words alone are a comment.
+std::optional<FunctionIdentifier> calledByAlone(std::string_view line) {
+  const TokenList list = tokensOf(line);
+  return list.count() == 1 ? list[0].functionIdentifier() : std::nullopt;
+}
+
+/// Calls of another function that take the whole of a phrase, and are right to.
+struct Precedence {
+  FunctionIdentifierSet functions;
+  FunctionIdentifier winner;
+};
+
+constexpr auto kPrecedences = std::to_array<Precedence>({
+    // "smallest of 3 and 9" begins with the name of a statistic, which takes the whole list, however long it is. The
+    // phrases of two values remain for values that make no list: "smallest of sqrt(9) and 5".
+    {{lesserOf, greaterOf, gcd, lcm}, statisticOfList},
+});
+
+bool mayCall(FunctionIdentifier own, std::optional<FunctionIdentifier> called) {
+  return called == own || std::any_of(kPrecedences.begin(), kPrecedences.end(), [&](const Precedence& precedence) {
+           return precedence.functions.contains(own) && precedence.winner == called;
+         });
+}
+
+TEST(PhraseTable, EveryPhraseCallsItsFunction) {
+  const foundation::ScopedEnvironment world(worldAt("2026-06-10T09:30:00Z", "UTC", "en_US"));
+  const std::vector<Function> functions = FunctionVendor::functionsFor(EngineCustomization::usStandard());
+  ASSERT_GT(functions.size(), 1000u);
+  for (const Function& function : functions) {
+    if (!canBeTyped(function.prototypeExpression)) continue;
+    const bool hasLooseGap =
+        std::any_of(function.prototypeExpression.begin(), function.prototypeExpression.end(), isDigit);
+    ASSERT_TRUE(filledIn(function.prototypeExpression, Filling::number))
+        << "no sample for " << function.prototypeExpression;
+    for (const Filling filling : {Filling::number, Filling::amount, Filling::brackets}) {
+      if (filling != Filling::number && !hasLooseGap) break;
+      const std::optional<std::string> line = filledIn(function.prototypeExpression, filling);
+      if (!line) continue;
+      const bool hasGap = *line != function.prototypeExpression;
+      const std::optional<FunctionIdentifier> called = hasGap ? calledBy(*line) : calledByAlone(*line);
+      EXPECT_TRUE(mayCall(function.identifier, called))
+          << function.prototypeExpression << " of " << toString(function.identifier) << ", as \"" << *line
+          << "\", calls " << (called ? toString(*called) : "nothing as a whole");
+    }
+  }
+}
+
+TEST(PhraseTable, ProseCallsNothing) {
+  const foundation::ScopedEnvironment world(worldAt("2026-06-10T09:30:00Z", "UTC", "en_US"));
+  std::ifstream file(TAVRINE_CORPUS_DIR "/prose-with-phrase-words.txt");
+  std::size_t count = 0;
+  for (std::string line; std::getline(file, line); ++count) {
+    for (const Token& call : tokensOf(line).allTokensOfType(TokenType::wordFunction)) {
+      ADD_FAILURE() << line << ": \"" << call.stringValue << "\" calls " << toString(*call.functionIdentifier());
+    }
+  }
+  EXPECT_GT(count, 100u);
+}
+
+}  // namespace
+}  // namespace tavrine::testing
