@@ -7,6 +7,7 @@
 #include <cctype>
 #include <cstddef>
 #include <fstream>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -15,6 +16,7 @@
 #include <vector>
 
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Engine/StaticResouces.h"
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
@@ -175,25 +177,49 @@ bool mayCall(FunctionIdentifier own, std::optional<FunctionIdentifier> called) {
          });
 }
 
+/// Phrases for lines that the samples don't make.
+constexpr auto kForOtherLines = std::to_array<std::string_view>({
+    "__datestamp __duration ago",  // 2000 in "2000 days ago" is a year
+    "adjust 10 from 10 to today",  // a year stands there, and a sum of money
+});
+
+std::set<std::string, std::less<>> spelledPhrases() {
+  std::set<std::string, std::less<>> phrases;
+  const auto descriptions = StaticResouces::localizedFunctions();
+  for (const FunctionDescription& description : *descriptions) {
+    phrases.insert(description.prototypeExpressions.begin(), description.prototypeExpressions.end());
+  }
+  return phrases;
+}
+
+/// What is wrong with the call that the filled-in phrase makes.
+std::optional<std::string> faultOf(const Function& function, const std::string& line, bool isSpelled) {
+  const bool hasGap = line != function.prototypeExpression;
+  const std::optional<FunctionIdentifier> called = hasGap ? calledBy(line) : calledByAlone(line);
+  // Not all wordings that the generator makes are grammatical; these must only not ask for something else.
+  if (mayCall(function.identifier, called) || (!called && !isSpelled)) return std::nullopt;
+  return '"' + function.prototypeExpression + "\" of " + std::string(toString(function.identifier)) + ", as \"" + line +
+         "\", calls " + (called ? std::string(toString(*called)) : "nothing as a whole");
+}
+
 TEST(PhraseTable, EveryPhraseCallsItsFunction) {
   const foundation::ScopedEnvironment world(worldAt("2026-06-10T09:30:00Z", "UTC", "en_US"));
+  const std::set<std::string, std::less<>> spelled = spelledPhrases();
   const std::vector<Function> functions = FunctionVendor::functionsFor(EngineCustomization::usStandard());
   ASSERT_GT(functions.size(), 1000u);
   for (const Function& function : functions) {
-    if (!canBeTyped(function.prototypeExpression)) continue;
-    const bool hasLooseGap =
-        std::any_of(function.prototypeExpression.begin(), function.prototypeExpression.end(), isDigit);
-    ASSERT_TRUE(filledIn(function.prototypeExpression, Filling::number))
-        << "no sample for " << function.prototypeExpression;
+    const std::string& phrase = function.prototypeExpression;
+    if (!canBeTyped(phrase) ||
+        std::find(kForOtherLines.begin(), kForOtherLines.end(), phrase) != kForOtherLines.end()) {
+      continue;
+    }
+    ASSERT_TRUE(filledIn(phrase, Filling::number)) << "no sample for a gap of " << phrase;
+    const bool hasLooseGap = std::any_of(phrase.begin(), phrase.end(), isDigit);
     for (const Filling filling : {Filling::number, Filling::amount, Filling::brackets}) {
       if (filling != Filling::number && !hasLooseGap) break;
-      const std::optional<std::string> line = filledIn(function.prototypeExpression, filling);
-      if (!line) continue;
-      const bool hasGap = *line != function.prototypeExpression;
-      const std::optional<FunctionIdentifier> called = hasGap ? calledBy(*line) : calledByAlone(*line);
-      EXPECT_TRUE(mayCall(function.identifier, called))
-          << function.prototypeExpression << " of " << toString(function.identifier) << ", as \"" << *line
-          << "\", calls " << (called ? toString(*called) : "nothing as a whole");
+      const std::optional<std::string> line = filledIn(phrase, filling);
+      const std::optional<std::string> fault = line ? faultOf(function, *line, spelled.contains(phrase)) : std::nullopt;
+      if (fault) ADD_FAILURE() << *fault;
     }
   }
 }
