@@ -148,6 +148,8 @@ FixturesList::Vocabulary FixturesList::vocabularyFrom(const StringMap<Fixture>& 
     const std::vector<Lexeme> lexemes = Lexer::lexemesFor(spelling, lexingLocale);
     if (lexemes.size() >= 2) result.multiWordPrefixes.emplace(lexemes.front().string);
   }
+  result.words = WordFilter::ofKeys(map);
+  result.prefixes = WordFilter::ofKeys(result.multiWordPrefixes);
   return result;
 }
 
@@ -166,7 +168,8 @@ std::optional<Fixture> FixturesList::find(std::string_view fragment) const {
     if (const auto symbol = universalSymbols().find(fragment)) return symbol;
     return findAdditional(fragment);
   }
-  return lookUp(vocabulary_->fixtureMap, fragment);
+  const Vocabulary& vocabulary = *vocabulary_;
+  return vocabulary.words.mayContain(fragment) ? lookUp(vocabulary.fixtureMap, fragment) : std::nullopt;
 }
 
 std::optional<Fixture> FixturesList::findAdditional(std::string_view fragment) const {
@@ -175,6 +178,7 @@ std::optional<Fixture> FixturesList::findAdditional(std::string_view fragment) c
 
 bool FixturesList::beginsMultiWordFixture(std::string_view firstLexeme) const {
   if (!vocabulary_.isBuilt() && !hasLetter(firstLexeme)) return universalSymbols().beginsLongerSymbol(firstLexeme);
+  if (!vocabulary_->prefixes.mayContain(firstLexeme)) return false;
   const StringSet& prefixes = vocabulary_->multiWordPrefixes;
   return prefixes.contains(firstLexeme) || (!isLowercased(firstLexeme) && prefixes.contains(lowercased(firstLexeme)));
 }

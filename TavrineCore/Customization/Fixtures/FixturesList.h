@@ -10,6 +10,7 @@
 
 #include "Foundation/Locale.h"
 #include "Foundation/StringMap.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Customization/Fixtures/Fixture.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Utility/Lazy.h"
@@ -63,6 +64,8 @@ class FixturesList {
   struct Vocabulary {
     StringMap<Fixture> fixtureMap;
     StringSet multiWordPrefixes;
+    WordFilter words;
+    WordFilter prefixes;
   };
   // The spellings by their first byte, for the search inside a text; they are views into the vocabulary.
   using Spellings = std::unordered_map<char, std::vector<std::pair<std::string_view, Fixture>>>;

@@ -16,6 +16,10 @@ namespace {
 /// Scripts that are written without blanks between words.
 bool standsAlone(char32_t scalar) { return scalar >= 0x2E80 && scalar < 0xAC00; }
 
+bool isOneAsciiWord(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+}
+
 /// The words of the phrase, each once; its placeholders are none.
 std::vector<std::string> wordsOfPhrase(std::string_view phrase) {
   std::vector<std::string> words;
@@ -68,6 +72,7 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
     std::sort(keywords.begin(), keywords.end());
   }
 
+  keywords_ = WordFilter::ofKeys(keywordNumbersForKeywords_);
   functionsWithRequirements_.resize(uses.size());
   for (std::size_t i = 0; i < indexedFunctions_.size(); ++i) {
     std::vector<KeywordNumber>& keywords = keywordsOfFunctions[i];
@@ -89,6 +94,7 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
   std::vector<std::string> words;
   for (const Token& token : tokenList) {
     if (token.is(TokenType::whitespace) || token.is(TokenType::number)) continue;
+    if (isOneAsciiWord(token.stringValue) && !keywords_.mayContain(token.stringValue)) continue;
     words.clear();
     appendWordsOf(token.stringValue, words);
     for (const std::string& word : words) {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Foundation/StringMap.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Customization/Functions/Function.h"
 #include "TavrineCore/Imports.h"
 
@@ -44,6 +45,7 @@ class NumericalFunctionKeywords {
 
   std::vector<Function> indexedFunctions_;
   StringMap<KeywordNumber> keywordNumbersForKeywords_;
+  WordFilter keywords_;
   /// By the number of the keyword under which a phrase stands: the rarest of its words.
   std::vector<std::vector<FunctionRequirements>> functionsWithRequirements_;
   /// Phrases without a word: "6 : 60".

@@ -18,9 +18,11 @@ TraditionalFunctionList::TraditionalFunctionList(const std::vector<TraditionalFu
     if (!function.aliases) continue;
     for (const std::string& alias : *function.aliases) functionNameCache_[alias] = i;
   }
+  names_ = WordFilter::ofKeys(functionNameCache_);
 }
 
 const TraditionalFunction* TraditionalFunctionList::functionNamed(std::string_view name) const {
+  if (!names_.mayContain(name)) return nullptr;
   const auto found = functionNameCache_.find(name);
   return found == functionNameCache_.end() ? nullptr : &traditionalFunctions_[found->second];
 }

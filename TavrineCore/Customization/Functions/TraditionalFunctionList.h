@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "Foundation/StringMap.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Customization/Functions/TraditionalFunction.h"
 #include "TavrineCore/Imports.h"
 
@@ -31,6 +32,7 @@ class TraditionalFunctionList {
  private:
   std::vector<TraditionalFunction> traditionalFunctions_;
   StringMap<std::size_t> functionNameCache_;  // index into traditionalFunctions_
+  WordFilter names_;
 };
 
 }  // namespace tavrine

@@ -141,6 +141,8 @@ std::optional<Place> AirportsList::runQuery(std::string_view fragment) {
   // The set of codes answers for most words, so that the airports are read only for one of them.
   static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
   static const Lazy<AirportMap> map([] { return AirportMap{}; });
+  constexpr std::size_t kLettersInCode = 3;
+  if (fragment.size() != kLettersInCode) return std::nullopt;
   std::string code = lowercased(fragment);
   if (!words->isAirportCode(code)) return std::nullopt;
   for (char& c : code) c = static_cast<char>(c - 'a' + 'A');

@@ -2,10 +2,11 @@
 
 #include <array>
 #include <string>
-#include <unordered_map>
 
 #include "Foundation/Decimal.h"
+#include "Foundation/StringMap.h"
 #include "Foundation/Text.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Imports.h"
 
 namespace tavrine {
@@ -28,8 +29,8 @@ Substance substanceFrom(const Row& row) {
   return {.name = std::string(row.name), .value = Decimal::parse(row.value).value_or(Decimal())};
 }
 
-using RowsByName = std::unordered_map<std::string_view, const Row*>;
-using SubstancesByFirstWord = std::unordered_map<std::string_view, std::vector<Substance>>;
+using RowsByName = StringViewMap<const Row*>;
+using SubstancesByFirstWord = StringViewMap<std::vector<Substance>>;
 
 const RowsByName& substanceMap() {
   static const RowsByName all = [] {
@@ -56,12 +57,16 @@ const SubstancesByFirstWord& multiWordSubstancesByPrefixCache() {
 }  // namespace
 
 std::optional<Substance> SubstanceList::runQuery(std::string_view fragment) {
+  static const WordFilter names = WordFilter::ofKeys(substanceMap());
+  if (!names.mayContain(fragment)) return std::nullopt;
   const auto found = substanceMap().find(lowercased(fragment));
   return found == substanceMap().end() ? std::nullopt : std::optional(substanceFrom(*found->second));
 }
 
 const std::vector<Substance>* SubstanceList::multiWordSubstancesBeginningWith(std::string_view firstWordOfSubstance) {
   const SubstancesByFirstWord& all = multiWordSubstancesByPrefixCache();
+  static const WordFilter firstWords = WordFilter::ofKeys(all);
+  if (!firstWords.mayContain(firstWordOfSubstance)) return nullptr;
   const auto found = all.find(lowercased(firstWordOfSubstance));
   return found == all.end() ? nullptr : &found->second;
 }

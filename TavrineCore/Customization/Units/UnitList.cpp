@@ -69,6 +69,7 @@ UnitList::UnitList(const UnitList& base, const EngineCustomization& engineCustom
     : engineCustomization_(engineCustomization), cache_(base.cache_, engineCustomization.customUnits()) {}
 
 std::optional<TCUnit> UnitList::quickLookup(std::string_view query) const {
+  if (!cache_.mayMeanSomething(query)) return std::nullopt;
   if (auto unit = preparedUnitForWord(query)) return unit;
   if (const std::string* const substitution = cache_.querySubstitutionFor(query)) {
     if (auto unit = preparedUnitForWord(*substitution)) return unit;
@@ -156,9 +157,7 @@ bool UnitList::isCurrencySubstitution(std::string_view text) const {
 }
 
 bool UnitList::beginsMultiWordUnit(std::string_view firstLexeme) const {
-  const StringSet& firstWords = cache_.firstWordsInMultiWordUnitsCache();
-  if (firstWords.find(firstLexeme) != firstWords.end()) return true;
-  return !isLowercased(firstLexeme) && firstWords.find(lowercased(firstLexeme)) != firstWords.end();
+  return cache_.beginsMultiWordUnit(firstLexeme);
 }
 
 }  // namespace tavrine

@@ -49,11 +49,13 @@ UnitListCache::UnitListCache(const EngineCustomization& customization)
   const auto* const ownSigns = customization.currencySymbolSettings().symbols();
   cacheSigns(ownSigns != nullptr ? *ownSigns : UnitSymbolReplacement::typedSymbolsFor(customization.locale()));
   cacheCustomUnits(customization.customUnits());
+  makeFilters();
 }
 
 UnitListCache::UnitListCache(const UnitListCache& base, const std::vector<CustomUnit>& customUnits)
     : UnitListCache(base) {
   cacheCustomUnits(customUnits);
+  makeFilters();
 }
 
 auto UnitListCache::unitDescriptionForQuery(std::string_view word) const -> const DescriptionPointer* {
@@ -148,6 +150,20 @@ void UnitListCache::cacheFirstWord(std::string_view name) {
   const auto first = isPlain ? std::optional(std::string_view(name.begin(), end)) : firstWord(name);
   // Asked first, since an attempt to insert makes a string.
   if (first && !firstWordsInMultiWordUnitsCache_.contains(*first)) firstWordsInMultiWordUnitsCache_.emplace(*first);
+}
+
+bool UnitListCache::beginsMultiWordUnit(std::string_view firstLexeme) const {
+  if (!firstWords_.mayContain(firstLexeme)) return false;
+  const StringSet& firstWords = firstWordsInMultiWordUnitsCache_;
+  return firstWords.contains(firstLexeme) ||
+         (!isLowercased(firstLexeme) && firstWords.contains(lowercased(firstLexeme)));
+}
+
+void UnitListCache::makeFilters() {
+  words_ = WordFilter(unitDescriptionsForQueries_.size() + querySubstitutions_.size());
+  for (const auto& [word, index] : unitDescriptionsForQueries_) words_.insert(word);
+  for (const auto& [sign, word] : querySubstitutions_) words_.insert(sign);
+  firstWords_ = WordFilter::ofKeys(firstWordsInMultiWordUnitsCache_);
 }
 
 std::string_view UnitListCache::keep(std::string word) {

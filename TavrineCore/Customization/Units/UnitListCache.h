@@ -7,10 +7,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "Foundation/StringMap.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Customization/Units/CustomUnit.h"
 #include "TavrineCore/Customization/Units/UnitDescription.h"
 #include "TavrineCore/Imports.h"
@@ -37,8 +37,13 @@ class UnitListCache {
   [[nodiscard]] const DescriptionPointer* unitDescriptionFor(UnitIdentifier identifier) const;
   /// The word that a currency's sign stands for: "usd" for "$"; null for all other texts.
   [[nodiscard]] const std::string* querySubstitutionFor(std::string_view sign) const;
+
   /// The first lexeme of each name that has several.
   [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const { return firstWordsInMultiWordUnitsCache_; }
+  /// False only for a text that means nothing in any case of its letters, nor is a currency's sign.
+  [[nodiscard]] bool mayMeanSomething(std::string_view word) const { return words_.mayContain(word); }
+  /// Whether a name of several lexemes begins with this one, in this or in lower case.
+  [[nodiscard]] bool beginsMultiWordUnit(std::string_view firstLexeme) const;
 
   /// Calls `visit(word, description)` for each word; in no order.
   template <class Visit>
@@ -63,12 +68,16 @@ class UnitListCache {
   void cacheWord(std::string_view word, Index index);
   void cacheFirstWord(std::string_view name);
   std::string_view keep(std::string word);
+  /// When all is cached.
+  void makeFilters();
 
   bool generateDiacriticFreeVariants_;
   StringMap<std::string> querySubstitutions_;
   StringSet firstWordsInMultiWordUnitsCache_;
+  WordFilter words_;
+  WordFilter firstWords_;
   std::vector<DescriptionPointer> descriptions_;
-  std::unordered_map<std::string_view, Index> unitDescriptionsForQueries_;
+  StringViewMap<Index> unitDescriptionsForQueries_;
   std::array<Index, kUnitIdentifierCount> unitDescriptionsByIdentifier_;
   // Words that stand in no description: what the views of the map look at must not move.
   std::vector<std::shared_ptr<const std::string>> ownWords_;

@@ -41,14 +41,17 @@ SpecialDayList::SpecialDayList(const std::vector<SpecialDay>& days) {
       return std::pair(left.words.size(), left.phrase.size()) > std::pair(right.words.size(), right.phrase.size());
     });
   }
+  aliases_ = WordFilter::ofKeys(specialDayAliasCache_);
+  firstWords_ = WordFilter::ofKeys(multiWordSpecialDaysByPrefixCache_);
 }
 
 const SpecialDay* SpecialDayList::specialDayFor(std::string_view fragment) const {
-  return lookUp(specialDayAliasCache_, fragment);
+  return aliases_.mayContain(fragment) ? lookUp(specialDayAliasCache_, fragment) : nullptr;
 }
 
 const std::vector<SpecialDayList::Phrase>* SpecialDayList::multiWordSpecialDaysBeginningWith(
     std::string_view firstWordOfType) const {
+  if (!firstWords_.mayContain(firstWordOfType)) return nullptr;
   return lookUp(multiWordSpecialDaysByPrefixCache_, firstWordOfType);
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Foundation/StringMap.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Primitives/SpecialDay.h"
 
@@ -33,6 +34,8 @@ class SpecialDayList {
  private:
   StringMap<SpecialDay> specialDayAliasCache_;
   StringMap<std::vector<Phrase>> multiWordSpecialDaysByPrefixCache_;
+  WordFilter aliases_;
+  WordFilter firstWords_;
 };
 
 }  // namespace tavrine

@@ -10,6 +10,7 @@
 
 #include "Foundation/StringMap.h"
 #include "Foundation/Text.h"
+#include "Foundation/WordFilter.h"
 #include "TavrineCore/Customization/Engine/StaticResouces.h"
 
 namespace tavrine {
@@ -90,6 +91,8 @@ std::optional<TimeZone> TimeZoneAbbreviationDetector::timezoneFor(std::string_vi
                                                                   TimezoneCodeCorrectionBehavior correctionBehaviour) {
   // No code has letters beyond ASCII, so bytes are characters.
   if (code.size() < kShortestCode || code.size() > kLongestCode) return std::nullopt;
+  static const WordFilter codes = WordFilter::ofKeys(timezoneCache());
+  if (!codes.mayContain(code)) return std::nullopt;
   const std::string key = lowercased(code);
   const auto offset = timezoneCache().find(key);
   if (offset == timezoneCache().end()) return std::nullopt;

@@ -355,6 +355,7 @@ class TokenList {
   [[nodiscard]] const StringSet& allStrings(bool lowercased) const;
 
  private:
+  friend class TokenListTransformation;
   friend class TokenListWalk;
   friend class TokenListBracketWrapper;
 

@@ -47,10 +47,17 @@ void TokenList::insertBefore(Token token, const Token& beforeToken) {
   insertAt(*index, std::move(token));
 }
 
-void TokenList::replaceAt(std::size_t index, Token token) { replaceRun(index, index, std::move(token)); }
+void TokenList::replaceAt(std::size_t index, Token token) {
+  if (index >= count()) return;
+  placeAt(tokens_[index].range.location, token);
+  rememberTypesOf(token);
+  tokens_[index] = std::move(token);
+  noteEditAt(index);
+}
 
 void TokenList::replaceRun(std::size_t firstIndex, std::size_t lastIndex, Token token) {
   if (firstIndex > lastIndex || lastIndex >= count()) return;
+  if (firstIndex == lastIndex) return replaceAt(firstIndex, std::move(token));
   placeAt(tokens_[firstIndex].range.location, token);
   rememberTypesOf(token);
   tokens_.replace(firstIndex, lastIndex - firstIndex + 1, std::move(token));

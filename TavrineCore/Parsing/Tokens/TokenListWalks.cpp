@@ -2,8 +2,8 @@
 //
 // Sublists are frozen, so an edit inside one happens on a copy, and the token around it is replaced by one with the
 // edited copy. A copy is made only when there is something to edit: the frozen list serves as the snapshot that the
-// walk goes over. A list that can be edited is copied from the first token on that the block will see; what stands
-// before it costs a look.
+// walk goes over. Of a list that can be edited only the tokens that the block will see are copied; the others cost a
+// look.
 
 #include <optional>
 #include <utility>
@@ -31,15 +31,16 @@ class TokenListWalk {
 
   void edit(TokenList& list, const Token* parent) const {
     list.countEnumeration();
-    const std::size_t count = list.count();
-    std::size_t step = 0;
-    while (step < count && !concernsBlock(list[indexAtStep(step, count, reversed_)], parent)) ++step;
-
-    std::vector<Token> snapshot;
-    snapshot.reserve(count - step);
-    for (std::size_t i = step; i < count; ++i) snapshot.push_back(list[indexAtStep(i, count, reversed_)]);
-    for (Token& token : snapshot) {
-      const std::size_t hint = indexAtStep(step++, count, reversed_);
+    struct Concerned {
+      Token token;
+      std::size_t index = 0;
+    };
+    std::vector<Concerned> snapshot;
+    for (std::size_t step = 0; step < list.count(); ++step) {
+      const std::size_t index = indexAtStep(step, list.count(), reversed_);
+      if (concernsBlock(list[index], parent)) snapshot.push_back({list[index], index});
+    }
+    for (auto& [token, hint] : snapshot) {
       if (enters(token)) {
         if (TokenListRef subtokens = editedCopy(*token.subtokens, &token)) {
           token = replaceInside(list, token, hint, std::move(subtokens));
@@ -99,6 +100,53 @@ class TokenListWalk {
   TokenList::Modification block_;
 };
 
+/// Puts single tokens in the place of single tokens: no index moves, so that nothing has to be looked for again.
+class TokenListTransformation {
+ public:
+  TokenListTransformation(const TokenTypeSet& types, bool reversed, TokenList::NestedTransformation transform)
+      : types_(types), reversed_(reversed), transform_(transform) {}
+
+  void apply(TokenList& list, const Token* parent) const {
+    apply(list, parent, [&list]() -> TokenList& { return list; });
+  }
+
+ private:
+  /// Reads `list` and edits what `editable` gives: the same list or a copy of it.
+  template <class Editable>
+  void apply(const TokenList& list, const Token* parent, const Editable& editable) const {
+    list.countEnumeration();
+    for (std::size_t step = 0; step < list.count(); ++step) {
+      const std::size_t index = indexAtStep(step, list.count(), reversed_);
+      std::optional<Token> changed;
+      if (TokenListRef subtokens = transformedInside(list[index])) {
+        editable().formCacheUnionWith(*subtokens);
+        changed = list[index];
+        changed->subtokens = std::move(subtokens);
+      }
+      const Token& token = changed ? *changed : list[index];
+      if (types_.contains(token.type)) {
+        if (std::optional<Token> replacement = transform_(token, parent)) changed = std::move(replacement);
+      }
+      if (changed) editable().replaceAt(index, *std::move(changed));
+    }
+  }
+
+  /// What is inside of the token, transformed; null where nothing changed.
+  [[nodiscard]] TokenListRef transformedInside(const Token& token) const {
+    if (!token.subtokens || !token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types_)) return nullptr;
+    std::optional<TokenList> copy;
+    apply(*token.subtokens, &token, [&]() -> TokenList& {
+      if (!copy) copy.emplace(*token.subtokens);
+      return *copy;
+    });
+    return copy ? TokenList::frozen(*std::move(copy)) : nullptr;
+  }
+
+  TokenTypeSet types_;
+  bool reversed_;
+  TokenList::NestedTransformation transform_;
+};
+
 void TokenList::applyModificationsToAllListsWithTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
                                                                   bool topLevelOnly, Modification block) {
   TokenListWalk(TokenTypeSet::anyTypes, test, reversed, topLevelOnly, block).edit(*this, parent);
@@ -130,11 +178,7 @@ void TokenList::applyTransformationToTokensOfType(const TokenTypeSet& types, boo
 void TokenList::applyTransformationToAllTokensOfType(const TokenTypeSet& types, const Token* parent, bool reversed,
                                                      NestedTransformation transform) {
   if (!deepTypesEverPresent_.containsTypesFrom(types)) return;
-  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
-  const auto replace = [&](const Token& token, TokenList& list, const Token* tokenParent) {
-    if (std::optional<Token> replacement = transform(token, tokenParent)) list.replace(token, std::move(*replacement));
-  };
-  TokenListWalk(types, hasType, reversed, /*topLevelOnly=*/false, replace).edit(*this, parent);
+  TokenListTransformation(types, reversed, transform).apply(*this, parent);
 }
 
 void TokenList::applyTransformationToAllTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
