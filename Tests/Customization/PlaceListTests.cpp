@@ -233,7 +233,7 @@ TEST(PlaceListTest, CustomPlacesStandInForOthers) {
 }
 
 TEST(PlaceRowsTest, FilesThatAreNoGood) {
-  for (const std::string_view bytes : {"", "[", "[{\"identifier\":\"1\"}]", "[{\"name\":\"A\"},]", "{\"name\":1}"}) {
+  for (const char* const bytes : {"", "[", "[{\"identifier\":\"1\"}]", "[{\"name\":\"A\"},]", "{\"name\":1}"}) {
     EXPECT_FALSE(PlaceRows::from(bytes).content) << bytes;
   }
   const auto rows = PlaceRows::from(

@@ -28,12 +28,16 @@ class ResourceReader {
  public:
   /// From the bytes of a file.
   using Decode = DecodedResource<Content> (*)(std::string_view bytes);
+  /// For content that keeps the bytes: large files stand in memory once.
+  using DecodeInPlace = DecodedResource<Content> (*)(std::string bytes);
   /// Adds the content of the localized file to the English one, or lays it over it.
   using Merge = void (*)(Content& english, const Content& localized);
 
   /// `failureMessage` ends in ": "; what went wrong follows it.
   ResourceReader(std::string_view failureMessage, Decode decode, Merge merge)
       : failureMessage_(failureMessage), decode_(decode), merge_(merge) {}
+  ResourceReader(std::string_view failureMessage, DecodeInPlace decode, Merge merge)
+      : failureMessage_(failureMessage), decodeInPlace_(decode), merge_(merge) {}
 
   /// The English file, with the one for the current locale on top where that is another. What can't be read is told
   /// and left out; null when nothing is left.
@@ -58,9 +62,9 @@ class ResourceReader {
   /// The content of one file, from the cache if it has been read before; null when it is no good.
   std::shared_ptr<const Content> deserialize(const std::filesystem::path& url) {
     if (const auto found = cache_.find(url.native()); found != cache_.end()) return found->second;
-    const std::optional<std::string> bytes = readFile(url);
+    std::optional<std::string> bytes = readFile(url);
     if (!bytes) return failed("can't read " + url.filename().string());
-    DecodedResource<Content> decoded = decode_(*bytes);
+    DecodedResource<Content> decoded = decode_ != nullptr ? decode_(*bytes) : decodeInPlace_(*std::move(bytes));
     if (!decoded.content) return failed(decoded.error);
     return cache_[url.native()] = std::make_shared<const Content>(std::move(*decoded.content));
   }
@@ -74,7 +78,8 @@ class ResourceReader {
   }
 
   std::string_view failureMessage_;
-  Decode decode_;
+  Decode decode_ = nullptr;
+  DecodeInPlace decodeInPlace_ = nullptr;
   Merge merge_;
   std::unordered_map<std::string, std::shared_ptr<const Content>> cache_;
 };

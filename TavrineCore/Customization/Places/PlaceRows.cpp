@@ -114,12 +114,12 @@ class PlaceRows::Reading final : public JsonEventHandler {
   bool everyRowHasName_ = true;
 };
 
-DecodedResource<PlaceRows> PlaceRows::from(std::string_view bytes) {
+DecodedResource<PlaceRows> PlaceRows::from(std::string bytes) {
   if (bytes.size() > std::numeric_limits<std::uint32_t>::max() / 4) return {std::nullopt, "more than a gigabyte"};
   PlaceRows result;
-  result.bytes_ = bytes;
+  result.bytes_ = std::move(bytes);
   Reading reading(result);
-  if (std::string error = readJsonEvents(bytes, reading); !error.empty()) return {std::nullopt, std::move(error)};
+  if (std::string error = readJsonEvents(result.bytes_, reading); !error.empty()) return {std::nullopt, std::move(error)};
   if (!reading.everyRowHasName()) return {std::nullopt, "a row has no \"name\""};
   result.bytes_.append(reading.behind_);
   result.rows_.shrink_to_fit();

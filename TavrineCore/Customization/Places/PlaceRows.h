@@ -26,7 +26,7 @@ class PlaceRows {
   };
 
   /// Takes the text of a file apart. Every row needs a "name".
-  static DecodedResource<PlaceRows> from(std::string_view bytes);
+  static DecodedResource<PlaceRows> from(std::string bytes);
 
   /// The rows of another file behind these.
   void append(const PlaceRows& other);
