@@ -12,9 +12,12 @@ namespace tavrine {
 /// "5%", "1/20", "5% per year": what can be the rate of a growth.
 [[nodiscard]] bool isPercentageLike(const Token& token);
 
-/// The token as a quantity of time: "18 months", "1 year 6 months", and a bare unit as one of it ("every month").
-/// Absent for everything else.
+/// The token as a quantity of time: "18 months", "1 year 6 months", a bare unit as one of it ("every month"), and a
+/// word as what it repeats in ("daily"). Absent for everything else.
 [[nodiscard]] std::optional<UnitExpression> durationOf(const Token& token);
+
+/// Whether the token tells how often something happens and not how long it lasts: "month", "daily".
+[[nodiscard]] bool isIntervalInWords(const Token& token);
 
 /// The length in seconds.
 [[nodiscard]] std::optional<Decimal> secondsOf(const UnitExpression& duration);

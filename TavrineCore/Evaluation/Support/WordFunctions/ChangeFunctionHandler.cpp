@@ -42,13 +42,13 @@ Answer timeOfExponentialChange(Arguments arguments) {
   return EvaluationResult::unitExpression(*time);
 }
 
-/// Two quantities, and behind them the interval and the total time; a unit alone ("per month") is the interval wherever
-/// it stands. Without an interval the growth is asked for one unit of the total time.
+/// Two quantities, and behind them the interval and the total time; a unit or a word alone ("per month", "monthly") is
+/// the interval wherever it stands. Without an interval the growth is asked for one unit of the total time.
 Answer growthNeeded(Arguments arguments) {
   std::vector<Token> others;
   std::optional<UnitExpression> interval;
   for (const Token& argument : arguments) {
-    if (argument.is(TokenType::unit)) {
+    if (isIntervalInWords(argument)) {
       interval = durationOf(argument);
     } else {
       others.push_back(argument);

@@ -29,9 +29,9 @@ struct Change {
   std::optional<UnitExpression> totalTime;
 };
 
-/// A rate and a bare unit tell the interval by themselves. Of two durations the one next to the percentage and behind
-/// it is the interval: "for 2 years by 5% every 3 months", "5% every 3 months for 2 years"; without a percentage it is
-/// the first: "doubling every 3 hours for 2 days".
+/// A rate, a bare unit and a word ("monthly") tell the interval by themselves. Of two durations the one next to the
+/// percentage and behind it is the interval: "for 2 years by 5% every 3 months", "5% every 3 months for 2 years";
+/// without a percentage it is the first: "doubling every 3 hours for 2 days".
 Change changeIn(std::span<const Token> arguments) {
   Change change;
   std::vector<UnitExpression> before;
@@ -41,7 +41,7 @@ Change changeIn(std::span<const Token> arguments) {
     if (isPercentageLike(argument) && !change.percentage) {
       change.percentage = decimalOf(argument);
       if (const auto rate = argument.percentageRateValue()) change.interval = oneOf(rate->perUnit);
-    } else if (duration && argument.is(TokenType::unit)) {
+    } else if (duration && isIntervalInWords(argument)) {
       change.interval = duration;
     } else if (duration) {
       (change.percentage ? behind : before).push_back(*duration);

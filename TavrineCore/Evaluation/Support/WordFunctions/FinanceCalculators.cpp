@@ -43,17 +43,16 @@ std::optional<Decimal> yearsOf(const Token& token) {
   return years ? std::optional(years->value) : std::nullopt;
 }
 
-/// "month", as in "compounding every month", or "3 months".
+/// "month", as in "compounding every month", "3 months", or "daily".
 std::optional<CompoundFrequencyInterval> intervalOf(const Token& token) {
-  if (token.is(TokenType::unit)) {
-    const std::optional<TCUnit> unit = token.unitValue();
-    if (!unit) return std::nullopt;
-    if (unit->identifier() == UnitIdentifier::months) return CompoundFrequencyInterval::monthly;
-    if (unit->identifier() == UnitIdentifier::days) return CompoundFrequencyInterval::daily;
-    return CompoundFrequencyInterval::yearly;
-  }
   const std::optional<UnitExpression> duration = durationOf(token);
   if (!duration) return std::nullopt;
+  const UnitIdentifier unit = duration->unit.identifier();
+  const bool isDay = unit == UnitIdentifier::days && duration->value == one();
+  if (token.is(TokenType::unit) || isDay) {
+    if (unit == UnitIdentifier::months) return CompoundFrequencyInterval::monthly;
+    return isDay ? CompoundFrequencyInterval::daily : CompoundFrequencyInterval::yearly;
+  }
   const std::optional<Decimal> unitsAYear = ratioOf(unitOf(UnitIdentifier::years), duration->unit);
   return unitsAYear ? compoundFrequencyIntervalFrom(*unitsAYear / duration->value) : std::nullopt;
 }

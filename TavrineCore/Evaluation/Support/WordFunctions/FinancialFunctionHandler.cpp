@@ -74,18 +74,28 @@ std::vector<Token> amountsAmong(Arguments arguments) {
   return amounts;
 }
 
-/// The arguments with the amount before the others: "7% on $1,000 for 5 years" as "$1,000, 7%, 5 years".
-std::vector<Token> amountFirst(Arguments arguments) {
+/// Amount, percentage, period and the interval of compounding, in whatever order the phrase has them. Of two durations
+/// the longer is the period.
+std::vector<Token> inStandardOrder(Arguments arguments) {
   std::vector<Token> ordered(arguments.begin(), arguments.end());
   const auto amount = std::find_if(ordered.begin(), ordered.end(), isAmount);
-  if (amount != ordered.end()) std::rotate(ordered.begin(), amount, amount + 1);
+  if (amount == ordered.end()) return ordered;
+  std::rotate(ordered.begin(), amount, amount + 1);
+  const auto lengthOf = [](const Token& token) {
+    const std::optional<UnitExpression> duration = durationOf(token);
+    return duration && !isIntervalInWords(token) ? secondsOf(*duration).value_or(Decimal()) : Decimal();
+  };
+  std::stable_sort(ordered.begin() + 1, ordered.end(), [&](const Token& left, const Token& right) {
+    if (isPercentageLike(left) != isPercentageLike(right)) return isPercentageLike(left);
+    return lengthOf(right) < lengthOf(left);
+  });
   return ordered;
 }
 
 // --- Interest and loans ---------------------------------------------------------------------------------------------
 
 Answer interestCompounded(Arguments arguments, std::optional<CompoundFrequencyInterval> interval) {
-  const std::vector<Token> ordered = amountFirst(arguments);
+  const std::vector<Token> ordered = inStandardOrder(arguments);
   const auto told = FinancialFunctionParamterSet::parameters(ordered);
   if (!told) return std::nullopt;
   const FinanceCalculatorForMoneyTimePercent calculator{told->amount, told->period, told->percentage,
