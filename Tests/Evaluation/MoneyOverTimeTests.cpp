@@ -121,7 +121,7 @@ TEST_F(MoneyOverTimeTests, ReturnsAndTaxes) {
       {returnOnInvestment, {"500", "1500"}, "multiplier 2"},
       {returnOnInvestment, {"1500 meters", "3 kilometers"}, "multiplier 1"},
       {returnOnInvestment, {"500 currencyUSD", "3 kilometers"}, "none"},
-      {returnOnInvestment, {"0", "1500"}, "error"},
+      {returnOnInvestment, {"0", "1500"}, "multiplier NaN"},
       {salesTaxIn, {"120 currencyUSD", "20%"}, "20 currencyUSD"},
       {salesTaxIn, {"20%", "120"}, "decimal 20"},
       {salesTaxIn, {"120", "tax 0.2"}, "decimal 20"},
@@ -197,7 +197,7 @@ TEST_F(MoneyOverTimeTests, GrowthByAmounts) {
        "126 days"},
       {timeRequiredForLinearChange, {"10", "100 kilometers", "60 kilometersPerHour"}, "1.5 hours"},
       {timeRequiredForLinearChange, {"100", "200", "5 / days"}, "20 days"},
-      {timeRequiredForLinearChange, {"100", "200", "5", "2 days"}, "20 days"},
+      {timeRequiredForLinearChange, {"100", "200", "5", "2 days"}, "40 days"},
       {timeRequiredForLinearChange, {"100", "200", "5", "word daily"}, "20 days"},
       // Growth is a change towards the end; told with a sign it has a direction.
       {timeRequiredForLinearChange, {"200", "100", "5 / days"}, "20 days"},
