@@ -10,6 +10,7 @@
 #include "TavrineCore/Evaluation/DeclarationEvaluation.h"
 #include "TavrineCore/Evaluation/EvaluationNode.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
+#include "TavrineCore/Evaluation/Support/BinaryOperators/TokenAndOperatorPairFactory.h"
 #include "TavrineCore/Evaluation/Support/Functions/FunctionExpressionEvaluator.h"
 #include "TavrineCore/Evaluation/Support/UnitProducts.h"
 #include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
@@ -57,6 +58,23 @@ Token evaluateConditional(const Token& token) {
   return Token();
 }
 
+/// "5 ft 3 in" where it stands for a value, as in "half of 5 ft 3 in": 5.25 ft. The parts of "-5 ft 3 in" all count
+/// down.
+Token evaluateCompoundUnit(const Token& token) {
+  if (!token.subtokens) return Token();
+  const Token* first = token.subtokens->firstTokenOfType(TokenType::unitExpression);
+  const bool isNegative = first != nullptr && first->unscaledDecimalValue().isSignMinus();
+  const Token plus = operatorToken(TokenSubType::additionOperator, "+");
+  std::optional<Token> total;
+  for (std::size_t i = token.subtokens->count(); i-- > 0;) {
+    const Token& part = (*token.subtokens)[i];
+    if (!part.is(TokenType::unitExpression)) continue;
+    const Token amount = isNegative && &part != first ? part.negated() : part;
+    total = total ? evaluatedPair(*total, amount, plus) : amount;
+  }
+  return total.value_or(Token());
+}
+
 /// "sqrt(4)": the function gets the name and the evaluated argument.
 Token evaluateFunctionExpression(const Token& token) {
   if (!token.subtokens) return Token();
@@ -101,6 +119,7 @@ struct TokenEvaluatorRow {
 
 constexpr auto kTokenEvaluators = std::to_array<TokenEvaluatorRow>({
     {TokenType::subexpression, evaluateSubexpression},
+    {TokenType::compoundUnitExpression, evaluateCompoundUnit},
     {TokenType::conditionalExpression, evaluateConditional},
     {TokenType::rate, evaluateRate},
     {TokenType::functionExpression, evaluateFunctionExpression},

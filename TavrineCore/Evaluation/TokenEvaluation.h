@@ -12,7 +12,7 @@ inline constexpr TokenTypeSet kTypesToEvaluate{
     TokenType::subexpression, TokenType::conditionalExpression, TokenType::functionExpression,
     TokenType::wordFunction,  TokenType::variableDeclaration,   TokenType::unitDeclaration,
     TokenType::hashtag,       TokenType::remoteQuery,           TokenType::conditionalVariableDeclaration,
-    TokenType::rate};
+    TokenType::rate,          TokenType::compoundUnitExpression};
 
 [[nodiscard]] inline bool evaluatesToItself(const Token& token) { return !kTypesToEvaluate.contains(token.type); }
 

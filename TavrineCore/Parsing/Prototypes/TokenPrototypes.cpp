@@ -48,6 +48,8 @@ std::string TypedUnitExpressionTokenPrototype::debugDescription() const {
 }
 
 bool ArithmeticEntityTokenPrototype::matches(const Token& token) const {
+  // "5 ft 3 in" is worth as much as 5.25 ft.
+  if (token.is(TokenType::compoundUnitExpression)) return true;
   return additionalAcceptableTypes.contains(token.type) || token.hasDecimalValue();
 }
 

@@ -48,19 +48,27 @@ class ListFinder {
       last = *next;
     }
     if (!list_[index].is(TokenType::javascriptFunctionName)) {
+      if (first == last && isListInBrackets(first)) turnIntoStatistic(index);
       if (first == last) return;
       if (list_[index].is(TokenType::unit) && !isTargetOfConverter(index) && !turnIntoStatistic(index)) return;
     }
     list_.replaceRun(first, last, list_.slice(first, last).embedInContainerToken(TokenType::list));
   }
 
+  /// "(3, 5)".
+  bool isListInBrackets(std::size_t index) const {
+    const TokenListRef& inside = list_[index].subtokens;
+    return list_[index].is(TokenType::subexpression) && inside && inside->firstTokenOfType(TokenType::comma) != nullptr;
+  }
+
   bool isTargetOfConverter(std::size_t index) const {
     return list_.tokenBeforeMustBe(index, TokenType::converterSymbol, /*ignoreWhitespace=*/true) != nullptr;
   }
 
-  /// "count" is a unit and a statistic: a list behind it decides.
+  /// "count" is a unit and a statistic, "min" another: a list behind it decides.
   bool turnIntoStatistic(std::size_t index) {
     const Token& word = list_[index];
+    if (!word.is(TokenType::unit)) return false;
     const std::optional<Fixture> fixture = context_.content.fixturesList->find(word.stringValue);
     if (!fixture || !fixtureSets::statisticWordTypes.contains(*fixture)) return false;
     const TokenSubType subType = relatedTokenSubType(*fixture);

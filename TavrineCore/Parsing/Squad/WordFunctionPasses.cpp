@@ -21,11 +21,14 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeMatching.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
 #include "TavrineCore/Parsing/Squad/Nesting.h"
+#include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Squad/UnitTokens.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
 namespace tavrine {
 
@@ -202,6 +205,33 @@ Sequences sequencesWithConjunctionsFor(const TokenList& list, const PassContext&
   return sequences;
 }
 
+/// The amount at the index whose number is the lower half of a fraction: "3/4 cup". In "6 / 3/4 cup" the strokes divide
+/// in turn, and "$4" has its number behind the unit.
+const UnitExpressionTokenMetadata* denominatorAt(const TokenList& list, std::size_t index) {
+  if (index < 2 || !list[index].is(TokenType::unitExpression) || !list[index].subtokens) return nullptr;
+  const Token* first = list[index].subtokens->first();
+  if (first == nullptr || !first->is(TokenType::number) || !list[index - 2].is(TokenType::number)) return nullptr;
+  const Token& stroke = list[index - 1];
+  if (!stroke.is(TokenType::operator_, TokenSubType::divisionOperator) || stroke.stringValue != "/") return nullptr;
+  const auto before = list.indexBefore(index - 2, /*ignoreWhitespace=*/true);
+  if (before && list[*before].is(TokenType::operator_, TokenSubType::divisionOperator)) return nullptr;
+  return list[index].metadataAs<UnitExpressionTokenMetadata>();
+}
+
+/// "3/4 cup" → 0.75 cups, so that it can stand at the gap of a phrase.
+void joinFractionsOfUnits(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::unitExpression, TokenType::operator_, TokenType::number})) return;
+  for (std::size_t i = list.count(); i-- > 2;) {
+    const UnitExpressionTokenMetadata* denominator = denominatorAt(list, i);
+    if (denominator == nullptr || denominator->unitExpression().value.isZero()) continue;
+    const Decimal value = numberIn(list[i - 2]) / denominator->unitExpression().value;
+    list.replaceRun(i - 2, i,
+                    unitExpressionToken(list.slice(i - 2, i), denominator->unitMetaData.underlyingTCUnit,
+                                        NumberTokenMetadata(value), denominator->prefersCompoundFormatting));
+    i -= 2;
+  }
+}
+
 /// Wraps the calls of the list and of those inside of it, inner lists first.
 void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
   for (std::size_t i = list.count(); i-- > 0;) {
@@ -216,7 +246,9 @@ void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor seque
     list.replaceAt(i, std::move(edited));
   }
   Sequences sequences = sequencesFor(list, context);
-  if (!sequences.empty()) CallWrapper(list, context, depth).wrap(sequences);
+  if (sequences.empty()) return;
+  joinFractionsOfUnits(list);
+  CallWrapper(list, context, depth).wrap(sequences);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ namespace tavrine {
 namespace {
 
 using enum FunctionIdentifier;
+using Arguments = std::span<const Token>;
 using Answer = std::optional<EvaluationResult>;
 using Results = std::vector<EvaluationResult>;
 
@@ -36,24 +37,28 @@ std::optional<Results> resultsForStatistic(const Variable& variable) {
   return results;
 }
 
-std::optional<Results> membersOf(FunctionIdentifier identifier, const Token& token) {
-  if (identifier == statisticOfTag) {
-    const std::optional<Variable> tag = token.variable();
-    return tag ? resultsForStatistic(*tag) : std::nullopt;
-  }
-  const EvaluationResult result = token.evaluationResult();
-  const List* list = result.as<EvaluationResultCase::list>();
-  if (list == nullptr) return std::nullopt;
-  return list->members ? *list->members : Results();
+std::optional<Results> resultsOfTag(Arguments arguments) {
+  const std::optional<Variable> tag = arguments.size() == 1 ? arguments[0].variable() : std::nullopt;
+  return tag ? resultsForStatistic(*tag) : std::nullopt;
 }
 
-Answer evaluateStatisticalFunction(FunctionIdentifier identifier, std::span<const Token> arguments,
-                                   const EngineCustomization&) {
-  if (arguments.size() != 2) return std::nullopt;
+/// Those of the list, or the values that stand one by one: "max(3, 5)".
+std::optional<Results> members(Arguments arguments) {
+  if (arguments.empty()) return std::nullopt;
+  const EvaluationResult first = arguments[0].evaluationResult();
+  if (const List* list = first.as<EvaluationResultCase::list>()) return list->members ? *list->members : Results();
+  Results results;
+  for (const Token& argument : arguments) results.push_back(argument.evaluationResult());
+  return results;
+}
+
+Answer evaluateStatisticalFunction(FunctionIdentifier identifier, Arguments arguments, const EngineCustomization&) {
+  if (arguments.empty()) return std::nullopt;
   const std::optional<StatisticType> statistic = arguments[0].statisticType();
-  const std::optional<Results> members = membersOf(identifier, arguments[1]);
-  if (!statistic || !members) return std::nullopt;
-  EvaluationResult result = reduceTo(*members, *statistic);
+  const Arguments values = arguments.subspan(1);
+  const std::optional<Results> results = identifier == statisticOfTag ? resultsOfTag(values) : members(values);
+  if (!statistic || !results) return std::nullopt;
+  EvaluationResult result = reduceTo(*results, *statistic);
   if (result.is(EvaluationResultCase::none)) return std::nullopt;
   return result;
 }

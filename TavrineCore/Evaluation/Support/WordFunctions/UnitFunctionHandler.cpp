@@ -8,8 +8,8 @@
 #include "Foundation/DecimalMath.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
-#include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/Converters/TokenConverterFactory.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/ArgumentsByKind.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/HandlerArithmetic.h"
@@ -44,13 +44,34 @@ Answer quantityIn(const Token& quantity, const Token& unit) {
   if (!unit.is(TokenType::unit)) return std::nullopt;
   const std::optional<Token> answer =
       TokenConverterFactory::converted(quantity, TokenFactory::converterToUnitWith(unit.metadata));
-  return answer ? resultOf(*answer) : std::nullopt;
+  if (const Answer result = answer ? resultOf(*answer) : std::nullopt) return result;
+  // Of durations a unit of another kind makes nothing.
+  if (quantity.is(TokenType::timespan)) return EvaluationResult::error(EvaluationError::UnitMismatch);
+  return std::nullopt;
 }
 
-/// "hours in 3 days", "hours in 3 days and 2 hours".
+/// "1/2 hour" is cut into 1 and 2 hours.
+Token fractionOf(const Token& numerator, const UnitExpression& denominator) {
+  return TokenFactory::unitExpressionWith(numerator.decimalValue() / denominator.value, denominator.unit);
+}
+
+/// The amount that two arguments make: 1/2 hour, or 3 days and 2 hours.
+Token joined(const Token& first, const Token& second) {
+  const std::optional<UnitExpression> denominator = second.unitExpressionValue();
+  if (first.is(TokenType::number) && denominator) return fractionOf(first, *denominator);
+  return sum(first, second);
+}
+
+/// "hours in 3 days", "hours in 3 days and 2 hours", "minutes in 1/2 hour".
 Answer unitIn(Arguments arguments) {
-  if (arguments.size() == 3) return quantityIn(sum(arguments[1], arguments[2]), arguments[0]);
+  if (arguments.size() == 3) return quantityIn(joined(arguments[1], arguments[2]), arguments[0]);
   return arguments.size() == 2 ? quantityIn(arguments[1], arguments[0]) : std::nullopt;
+}
+
+/// "5 miles is how many km", "1/2 hour is how many minutes".
+Answer conversion(Arguments arguments) {
+  if (arguments.size() == 3) return quantityIn(joined(arguments[0], arguments[1]), arguments[2]);
+  return arguments.size() == 2 ? quantityIn(arguments[0], arguments[1]) : std::nullopt;
 }
 
 // --- Substances -------------------------------------------------------------------------------------------------
@@ -81,38 +102,44 @@ std::optional<UnitExpression> throughDensity(const UnitExpression& amount, const
   return UnitExpression{space->value * substance.value, unitOf(UnitIdentifier::grams)};
 }
 
-struct SingleUnitAmount {
-  TCUnit amount;
+/// An amount of a substance, and the unit that is asked for.
+struct SubstanceAmount {
+  UnitExpression amount;
   TCUnit wanted;
 };
 
-/// "a cup of sugar in grams" and "grams in a cup of sugar": the amount is the one whose unit stands before the
-/// substance.
-std::optional<SingleUnitAmount> singleUnitIn(Arguments arguments) {
+/// "300 g flour in cups".
+std::optional<SubstanceAmount> amountIn(Arguments arguments) {
+  std::optional<UnitExpression> amount = quantityOf(UnitType::mass, arguments);
+  if (!amount) amount = quantityOf(UnitType::volume, arguments);
+  const std::optional<TCUnit> wanted = unitAmong(arguments);
+  if (!amount || !wanted) return std::nullopt;
+  return SubstanceAmount{*amount, *wanted};
+}
+
+/// "a cup of sugar in grams", "half a cup of sugar in grams" and "grams in a cup of sugar": the amount is one of the
+/// unit that stands before the substance.
+std::optional<SubstanceAmount> singleUnitIn(Arguments arguments) {
+  const bool isHalf = !arguments.empty() && arguments[0].is(TokenType::literal) && arguments[0].stringValue == "half";
+  if (!arguments.empty() && arguments[0].is(TokenType::literal)) arguments = arguments.subspan(1);
   if (arguments.size() != 3) return std::nullopt;
   const bool substanceIsLast = arguments[2].is(TokenType::substance);
-  const std::optional<TCUnit> amount = arguments[substanceIsLast ? 1 : 0].unitValue();
+  const std::optional<TCUnit> unit = arguments[substanceIsLast ? 1 : 0].unitValue();
   const std::optional<TCUnit> wanted = arguments[substanceIsLast ? 0 : 2].unitValue();
-  if (!amount || !wanted) return std::nullopt;
-  return SingleUnitAmount{*amount, *wanted};
+  if (!unit || !wanted) return std::nullopt;
+  return SubstanceAmount{{isHalf ? "0.5"_dec : Decimal(1), *unit}, *wanted};
 }
 
 Answer amountOfSubstance(Arguments arguments) {
   const std::optional<Substance> substance = substanceIn(arguments);
-  std::optional<TCUnit> unit = unitAmong(arguments);
-  std::optional<UnitExpression> amount = quantityOf(UnitType::mass, arguments);
-  if (!amount) amount = quantityOf(UnitType::volume, arguments);
-  if (!substance || !unit) return std::nullopt;
-  if (!amount) {
-    const std::optional<SingleUnitAmount> single = singleUnitIn(arguments);
-    if (!single) return std::nullopt;
-    amount = UnitExpression{Decimal(1), single->amount};
-    unit = single->wanted;
-  }
+  std::optional<SubstanceAmount> asked = amountIn(arguments);
+  if (!asked) asked = singleUnitIn(arguments);
+  if (!substance || !asked) return std::nullopt;
+  const auto& [amount, wanted] = *asked;
   // A kilo in pounds is the same of anything.
-  if (unit->unitType() == amount->unit.unitType()) return answerOf(convertedTo(*amount, *unit));
-  const std::optional<UnitExpression> other = throughDensity(*amount, *substance);
-  return other ? answerOf(convertedTo(*other, *unit)) : std::nullopt;
+  if (wanted.unitType() == amount.unit.unitType()) return answerOf(convertedTo(amount, wanted));
+  const std::optional<UnitExpression> other = throughDensity(amount, *substance);
+  return other ? answerOf(convertedTo(*other, wanted)) : std::nullopt;
 }
 
 // --- Screens ----------------------------------------------------------------------------------------------------
@@ -202,7 +229,7 @@ Answer evaluateUnitFunction(FunctionIdentifier identifier, Arguments arguments,
                             const EngineCustomization& customization) {
   switch (identifier) {
     case unitConversion:
-      return arguments.size() == 2 ? quantityIn(arguments[0], arguments[1]) : std::nullopt;
+      return conversion(arguments);
     case unitInUnitExpression:
     case calendarUnitInTimespan:
       return unitIn(arguments);
