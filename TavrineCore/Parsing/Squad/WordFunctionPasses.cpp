@@ -13,6 +13,7 @@
 #include <variant>
 #include <vector>
 
+#include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Functions/CustomFunctionsList.h"
@@ -232,6 +233,29 @@ void joinFractionsOfUnits(TokenList& list) {
   }
 }
 
+/// "half a cup of sugar" → 0.5 cups of it.
+void joinHalvesOfSubstances(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::substance, TokenType::unit})) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(TokenType::substance)) continue;
+    auto unit = list.indexBefore(i, /*ignoreWhitespace=*/true);
+    if (unit && list[*unit].is(TokenType::prepositionWord, TokenSubType::prepositionWordOf)) {
+      unit = list.indexBefore(*unit, /*ignoreWhitespace=*/true);
+    }
+    if (!unit || !list[*unit].is(TokenType::unit)) continue;
+    const auto article = list.indexBefore(*unit, /*ignoreWhitespace=*/true);
+    const auto half = article ? list.indexBefore(*article, /*ignoreWhitespace=*/true) : std::nullopt;
+    const std::optional<TCUnit> counted = list[*unit].unitValue();
+    if (!half || !counted || lowercased(list[*half].stringValue) != "half") continue;
+    if (list[*article].stringValue != "a" && list[*article].stringValue != "an") continue;
+    list.replaceRun(
+        *half, *unit,
+        unitExpressionToken(list.slice(*half, *unit), *counted, NumberTokenMetadata(Decimal(1) / Decimal(2)),
+                            /*prefersCompound=*/false));
+    i = *half;
+  }
+}
+
 /// Wraps the calls of the list and of those inside of it, inner lists first.
 void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
   for (std::size_t i = list.count(); i-- > 0;) {
@@ -248,6 +272,7 @@ void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor seque
   Sequences sequences = sequencesFor(list, context);
   if (sequences.empty()) return;
   joinFractionsOfUnits(list);
+  joinHalvesOfSubstances(list);
   CallWrapper(list, context, depth).wrap(sequences);
 }
 

@@ -117,17 +117,15 @@ std::optional<SubstanceAmount> amountIn(Arguments arguments) {
   return SubstanceAmount{*amount, *wanted};
 }
 
-/// "a cup of sugar in grams", "half a cup of sugar in grams" and "grams in a cup of sugar": the amount is one of the
-/// unit that stands before the substance.
+/// "a cup of sugar in grams" and "grams in a cup of sugar": the amount is one of the unit that stands before the
+/// substance.
 std::optional<SubstanceAmount> singleUnitIn(Arguments arguments) {
-  const bool isHalf = !arguments.empty() && arguments[0].is(TokenType::literal) && arguments[0].stringValue == "half";
-  if (!arguments.empty() && arguments[0].is(TokenType::literal)) arguments = arguments.subspan(1);
   if (arguments.size() != 3) return std::nullopt;
   const bool substanceIsLast = arguments[2].is(TokenType::substance);
   const std::optional<TCUnit> unit = arguments[substanceIsLast ? 1 : 0].unitValue();
   const std::optional<TCUnit> wanted = arguments[substanceIsLast ? 0 : 2].unitValue();
   if (!unit || !wanted) return std::nullopt;
-  return SubstanceAmount{{isHalf ? "0.5"_dec : Decimal(1), *unit}, *wanted};
+  return SubstanceAmount{{Decimal(1), *unit}, *wanted};
 }
 
 Answer amountOfSubstance(Arguments arguments) {
