@@ -127,22 +127,38 @@ Datestamp withDaySpelledOut(Datestamp datestamp) {
   return datestamp;
 }
 
-/// Now on the clocks of a zone, as a time or as a day. "What time is it now in Tokyo" tells the zone by a date, which
-/// is now on these clocks; a date that isn't now answers for itself.
+/// The moment that a date or a duration stands for where somebody asks for the time or the day of now: "what time is it
+/// now in Tokyo", "what date will it be in 3 weeks". Absent for what lies at some other time.
+std::optional<Datestamp> momentAskedFor(const Token& token, bool asksForDay) {
+  const Datestamp now{.date = Date::now(), .type = DatestampType::now, .timezone = Calendar::current().timeZone()};
+  if (token.is(TokenType::datestamp)) {
+    const auto date = token.datestampValue();
+    const bool isNow = date && date->type == DatestampType::now;
+    const bool isDayBesideNow = date && relativeTimeTypes.contains(date->type) && !periodOf(*date);
+    return isNow || (isDayBesideNow && asksForDay) ? date : std::nullopt;
+  }
+  const auto timespan = token.is(TokenType::timespan) ? token.timespanValue() : std::nullopt;
+  const auto moment = timespan ? Calendar::current().dateByAdding(timespan->dateComponents, now.date) : std::nullopt;
+  if (!moment) return std::nullopt;
+  Datestamp result = now;
+  result.date = *moment;
+  return result;
+}
+
+/// Now on the clocks of a zone, as a time or as a day. A date that isn't now answers for itself, unless it is such as
+/// the "tomorrow" of "lunch time tomorrow", which asks nothing.
 Answer nowIn(Arguments arguments, bool asksForDay) {
   if (arguments.size() != 1) return std::nullopt;
-  Datestamp now{.date = Date::now(), .type = DatestampType::now, .timezone = Calendar::current().timeZone()};
+  std::optional<Datestamp> result;
   if (const auto zone = arguments[0].timeZoneValue()) {
-    now.timezone = *zone;
-    now.hasExplicitTimeZone = true;
-  } else if (const auto date = onlyDateOf(arguments); date && arguments[0].is(TokenType::datestamp)) {
-    const bool isRelative = relativeTimeTypes.contains(date->type) && !periodOf(*date);
-    if (date->type != DatestampType::now && !(isRelative && asksForDay)) return EvaluationResult::date(*date);
-    now = *date;
+    result = Datestamp{.date = Date::now(), .type = DatestampType::now, .timezone = *zone, .hasExplicitTimeZone = true};
   } else {
-    return std::nullopt;
+    result = momentAskedFor(arguments[0], asksForDay);
   }
-  return EvaluationResult::date(asksForDay ? withDaySpelledOut(now) : now);
+  if (result) return EvaluationResult::date(asksForDay ? withDaySpelledOut(*result) : *result);
+  const auto date = arguments[0].is(TokenType::datestamp) ? onlyDateOf(arguments) : std::nullopt;
+  if (!date || relativeTimeTypes.contains(date->type)) return std::nullopt;
+  return EvaluationResult::date(*date);
 }
 
 Answer differenceBetween(Arguments zones) {
