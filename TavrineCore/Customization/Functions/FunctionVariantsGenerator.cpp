@@ -26,8 +26,6 @@ struct WordGroup {
 
 constexpr FunctionIdentifierSet kPercentFunctions = FunctionIdentifierSet::fromTo(percentOf, reversedPercentOff);
 constexpr FunctionIdentifierSet kRepayments = FunctionIdentifierSet::fromTo(totalLoanRepayment, monthlyLoanRepayment);
-constexpr FunctionIdentifierSet kInterests =
-    FunctionIdentifierSet::fromTo(totalInterestOnLoanRepayment, monthlyInterestOnLoanRepayment);
 constexpr FunctionIdentifierSet kCompounds =
     FunctionIdentifierSet::fromTo(compoundInterest, compoundInterestCompoundingQuarterly);
 
@@ -41,14 +39,11 @@ constexpr auto kWordGroups = std::to_array<WordGroup>({
     {{annualLoanRepayment, annualInterestOnLoanRepayment}, {"annual", "yearly"}},
     {{returnOnInvestmentAfter}, {"annual", "yearly", "annualized"}},
     {kLoans, {"over", "for"}},
-    {kInterests, {"repayment", "loan", "mortgage"}},
     {kCompounds, {"compounding", "compounded", "compound"}},
     {kCompounds, {"annually", "yearly"}},
     {kCompounds, {"every", "each"}},
     {{exponentialGrowth}, {"growing", "increasing", "rising"}},
     {{exponentialDecay}, {"shrinking", "decreasing", "falling", "declining", "depreciating"}},
-    {{timeRequiredForExponentialChange, timeRequiredForLinearChange},
-     {"get", "go", "grow", "increase", "rise", "shrink", "fall", "drop", "decrease"}},
     {{squareRoot}, {"square", "squared"}},
     {{cubedRoot}, {"cube", "cubed", "cubic"}},
     {{nthLog, nthLogReversed}, {"log", "logarithm"}},
