@@ -115,6 +115,17 @@ TEST(MeasureFunctions, TellTyreSpeedsAsTheRoadSignsDo) {
   EXPECT_EQ(roundedValue(speed), "95.288275 kilometersPerHour");
 }
 
+TEST(MeasureFunctions, DeclareUnitsByTheirWord) {
+  const auto symbolFor = [](const std::vector<Token>& arguments) {
+    const EvaluationResult result = answerTo(declareGenericUnit, arguments).evaluationResult();
+    const TCUnit* unit = result.unitValue();
+    return unit == nullptr ? std::string("none") : '<' + std::string(unit->symbol()) + '>';
+  };
+  EXPECT_EQ(symbolFor({literal("apple")}), "<apple>");
+  EXPECT_EQ(symbolFor({}), "<>");
+  EXPECT_EQ(symbolFor({valueToken("5")}), "none");
+}
+
 TEST(LiteralFunctions, CountCharactersAsPeopleDo) {
   const Row rows[] = {
       {countOfLiteral, {"\"hello"}, "5"},

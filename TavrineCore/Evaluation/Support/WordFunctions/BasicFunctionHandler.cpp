@@ -98,8 +98,6 @@ std::size_t argumentCountOf(FunctionIdentifier identifier) {
     case clamp:
     case scrubNumberWithSpecifiedRange:
       return 3;
-    case declareGenericUnit:
-      return 0;
     default:
       return 2;
   }
@@ -297,9 +295,6 @@ Token ofTokens(FunctionIdentifier identifier, const Token& a, const Token& b) {
 /// The rows of one or three arguments, and of none.
 Answer ofOtherCounts(FunctionIdentifier identifier, Arguments arguments) {
   switch (identifier) {
-    case declareGenericUnit:
-      return EvaluationResult::unit(TCUnit::counted(
-          {UnitIdentifier::undefined, UnitType::other, "", TCUnitConverterLinear{Decimal(1), Decimal()}, nullptr}));
     case halfOf:
       return resultOf(quotient(amountOf(arguments[0]), number(2)));
     case isPrime: {
@@ -326,9 +321,19 @@ Answer ofOtherCounts(FunctionIdentifier identifier, Arguments arguments) {
   }
 }
 
+/// "declare unit apple": a unit that nothing is known of but the word for it, which "new unit" leaves open.
+Answer declaredUnit(Arguments arguments) {
+  const bool isNamed = arguments.size() == 1 && arguments[0].is(TokenType::literal);
+  if (!arguments.empty() && !isNamed) return std::nullopt;
+  return EvaluationResult::unit(
+      TCUnit::counted({UnitIdentifier::undefined, UnitType::other, isNamed ? arguments[0].stringValue : "",
+                       TCUnitConverterLinear{Decimal(1), Decimal()}, nullptr}));
+}
+
 Answer evaluateBasicFunction(FunctionIdentifier identifier, Arguments arguments, const EngineCustomization&) {
   constexpr FunctionIdentifierSet kOfLists{gcd, lcm};
   if (kOfLists.contains(identifier) && arguments.size() == 1) return commonMultipleOf(identifier, arguments[0]);
+  if (identifier == declareGenericUnit) return declaredUnit(arguments);
   if (arguments.size() != argumentCountOf(identifier)) return std::nullopt;
   if (arguments.size() != 2) return ofOtherCounts(identifier, arguments);
   const std::optional<Decimal> a = decimalOf(arguments[0]);
