@@ -150,6 +150,8 @@ TokenList tokensOf(std::string_view line) {
 /// before they ask: a line of values and operators alone is a sum, in which nobody looks for phrases.
 std::optional<FunctionIdentifier> calledBy(std::string_view line) {
   const TokenList list = tokensOf(std::string("please ").append(line));
+  // A phrase that has a gap for any word before the same words takes the one before: "monthly growth from 10 to 20".
+  if (list.count() == 1) return list[0].functionIdentifier();
   return list.count() == 3 ? list[2].functionIdentifier() : std::nullopt;
 }
 
