@@ -2,43 +2,25 @@
 
 #include <optional>
 #include <utility>
+#include <vector>
 
-#include "Foundation/Decimal.h"
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
 #include "TavrineCore/Customization/Places/Place.h"
 #include "TavrineCore/Customization/Places/PlaceDataProvider.h"
+#include "TavrineCore/Customization/Places/WeatherDataProvider.h"
+#include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/Processors/Preprocessors.h"
+#include "TavrineCore/Evaluation/Support/WordFunctions/WeatherRequests.h"
+#include "TavrineCore/Evaluation/TokenEvaluation.h"
+#include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
+#include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
 
 namespace {
-
-/// Works out a word function with what a host provides; blocks.
-using BackgroundFunction = Token (*)(const Token& wordFunction, const EngineCustomization& customization,
-                                     std::stop_token stop);
-
-/// One that is null can't be called yet: its token stays, and is evaluated as in the foreground.
-struct BackgroundFunctions {
-  /// A function of the host's with a block for the background.
-  BackgroundFunction custom = nullptr;
-  /// Only called where the host has a source of weather.
-  BackgroundFunction weather = nullptr;
-};
-constexpr BackgroundFunctions kBackgroundFunctions;
-
-bool isWithin(double degrees, double limit) { return degrees >= -limit && degrees <= limit; }
-
-Place placeFrom(const PlaceData& data) {
-  CustomPlace custom{data.name, data.timeZone, std::nullopt};
-  if (data.coordinates && isWithin(data.coordinates->latitude, 90) && isWithin(data.coordinates->longitude, 180)) {
-    custom.gpsCoordinates = GPSCoordinates{Decimal::fromDouble(data.coordinates->latitude),
-                                           Decimal::fromDouble(data.coordinates->longitude)};
-  }
-  return Place{data.name, std::nullopt, data.timeZone, std::move(custom)};
-}
 
 /// Names that only the host knows become places, or nothing where it doesn't know them either.
 Token fetchDynamicPlacesIn(const Token& wordFunction, PlaceDataProvider& provider, const std::stop_token& stop) {
@@ -47,18 +29,37 @@ Token fetchDynamicPlacesIn(const Token& wordFunction, PlaceDataProvider& provide
   for (std::size_t i = inside.count(); i-- > 0;) {
     if (!inside[i].is(TokenType::dynamicPlace)) continue;
     const std::optional<PlaceData> data = provider.placeDataFor(inside[i].stringValue, stop);
-    inside.replaceAt(i, data ? TokenFactory::placeWith(placeFrom(*data)) : Token());
+    const std::optional<Place> place = data ? data->place() : std::nullopt;
+    inside.replaceAt(i, place ? TokenFactory::placeWith(*place) : Token());
   }
   Token result = wordFunction;
   result.subtokens = TokenList::frozen(std::move(inside));
   return result;
 }
 
+/// A function of the host's, by its block for the background where the other one leaves that to it.
+Token workedOutByHost(const Token& wordFunction, const std::stop_token& stop) {
+  const auto* call = wordFunction.metadataAs<CustomFunctionTokenMetadata>();
+  if (call == nullptr || !call->customFunction.backgroundHandler()) return wordFunction;
+  const CustomFunction& function = call->customFunction;
+  const std::vector<EvaluationResult> arguments = customArgumentsOf(wordFunction);
+  if (const EvaluationResult* held = pendingOrFailureResult(arguments)) return held->tokenized();
+  const EvaluationResult atOnce = function.handler() ? function.handler()(arguments) : EvaluationResult::pending();
+  if (!atOnce.is(EvaluationResultCase::pending)) return atOnce.tokenized();
+  return function.backgroundHandler()(arguments, stop).tokenized();
+}
+
+Token weatherFor(const Token& wordFunction, FunctionIdentifier identifier, WeatherDataProvider& provider,
+                 const std::stop_token& stop) {
+  const std::vector<Token> arguments = builtInArgumentsOf(wordFunction);
+  if (const Token* held = pendingOrFailureToken(arguments)) return *held;
+  const std::optional<WeatherDataRequest> request = weatherRequestFor(identifier, arguments);
+  const std::optional<EvaluationResult> result = request ? provider.resultFor(*request, stop) : std::nullopt;
+  return result ? result->tokenized() : Token();
+}
+
 Token workedOut(const Token& wordFunction, const EngineCustomization& customization, const std::stop_token& stop) {
-  if (wordFunction.subType == TokenSubType::customWordFunction) {
-    return kBackgroundFunctions.custom != nullptr ? kBackgroundFunctions.custom(wordFunction, customization, stop)
-                                                  : wordFunction;
-  }
+  if (wordFunction.subType == TokenSubType::customWordFunction) return workedOutByHost(wordFunction, stop);
   const std::optional<FunctionIdentifier> identifier = wordFunction.functionIdentifier();
   if (!identifier) return wordFunction;
   const bool isWeather = weatherFunctionIdentifiers.contains(*identifier);
@@ -71,8 +72,7 @@ Token workedOut(const Token& wordFunction, const EngineCustomization& customizat
   }
   if (!isWeather) return function;
   if (!customization.weatherDataProvider()) return Token();
-  return kBackgroundFunctions.weather != nullptr ? kBackgroundFunctions.weather(function, customization, stop)
-                                                 : function;
+  return weatherFor(function, *identifier, *customization.weatherDataProvider(), stop);
 }
 
 }  // namespace

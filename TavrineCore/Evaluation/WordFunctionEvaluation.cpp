@@ -19,15 +19,35 @@
 
 namespace tavrine {
 
+std::vector<EvaluationResult> customArgumentsOf(const Token& call) {
+  std::vector<EvaluationResult> results;
+  auto found = CustomFunctionSubstitutionUtility::functionArgumentsFor(call);
+  if (!found) return results;
+  results.reserve(found->size());
+  for (CustomFunctionArgument& argument : *found) results.push_back(std::move(argument.functionArgument));
+  return results;
+}
+
+std::vector<Token> builtInArgumentsOf(const Token& call) {
+  std::vector<Token> tokens;
+  const auto* metadata = call.metadataAs<WordFunctionTokenMetadata>();
+  if (metadata == nullptr || metadata->sequence == nullptr || !call.subtokens) return tokens;
+  for (CustomFunctionArgument& argument :
+       CustomFunctionSubstitutionUtility::functionArgumentsFor(*call.subtokens, *metadata->sequence,
+                                                               WordArguments::passed)) {
+    tokens.push_back(std::move(argument.matchedToken));
+  }
+  return tokens;
+}
+
 namespace {
 
 Token evaluateCustom(const Token& token) {
   const auto* call = token.metadataAs<CustomFunctionTokenMetadata>();
-  const auto found = CustomFunctionSubstitutionUtility::functionArgumentsFor(token);
-  if (call == nullptr || !found || !call->customFunction.handler()) return Token();
-  std::vector<EvaluationResult> arguments;
-  arguments.reserve(found->size());
-  for (const CustomFunctionArgument& argument : *found) arguments.push_back(argument.functionArgument);
+  if (call == nullptr || call->sequence == nullptr || !token.subtokens || !call->customFunction.handler()) {
+    return Token();
+  }
+  const std::vector<EvaluationResult> arguments = customArgumentsOf(token);
   if (const EvaluationResult* held = pendingOrFailureResult(arguments)) return held->tokenized();
   try {
     return call->customFunction.handler()(arguments).tokenized();
@@ -66,11 +86,7 @@ std::vector<Token> inPlacesOf(const Function& function, std::vector<Token> argum
 Token evaluateBuiltIn(const Token& token) {
   const auto* call = token.metadataAs<WordFunctionTokenMetadata>();
   if (call == nullptr || call->sequence == nullptr || !token.subtokens) return Token();
-  std::vector<Token> arguments;
-  for (CustomFunctionArgument& argument : CustomFunctionSubstitutionUtility::functionArgumentsFor(
-           *token.subtokens, *call->sequence, WordArguments::passed)) {
-    arguments.push_back(std::move(argument.matchedToken));
-  }
+  std::vector<Token> arguments = builtInArgumentsOf(token);
   if (const Token* held = pendingOrFailureToken(arguments)) return *held;
   const bool asksForPlace = std::any_of(arguments.begin(), arguments.end(),
                                         [](const Token& argument) { return argument.is(TokenType::dynamicPlace); });

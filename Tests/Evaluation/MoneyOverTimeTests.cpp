@@ -11,7 +11,6 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/FinanceCalculators.h"
-#include "TavrineCore/Evaluation/Support/WordFunctions/HandlerArithmetic.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/WordFunctionHandlers.h"
 #include "TavrineCore/Parsing/Primitives/SalesTax.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
@@ -37,8 +36,10 @@ std::vector<Token> argumentsFrom(const std::vector<std::string_view>& texts) {
   return arguments;
 }
 
-/// The answer with its number rounded to 12 places.
-std::string described(const Token& answer) {
+/// The answer with its number cut to 12 places.
+std::string answerOf(FunctionIdentifier identifier, const std::vector<std::string_view>& texts) {
+  const Token answer =
+      WordFunctionHandlers::evaluate(identifier, argumentsFrom(texts), EngineCustomization::standard());
   const EvaluationResult result = answer.evaluationResult();
   const std::optional<Decimal> value = result.decimalValue();
   if (!value) return std::string(toString(result.kind()));
@@ -46,10 +47,6 @@ std::string described(const Token& answer) {
   const auto* expression = result.as<EvaluationResultCase::unitExpression>();
   if (expression != nullptr) return number + ' ' + std::string(toString(expression->unit.identifier()));
   return std::string(toString(result.kind())) + ' ' + number;
-}
-
-std::string answerOf(FunctionIdentifier identifier, const std::vector<std::string_view>& texts) {
-  return described(WordFunctionHandlers::evaluate(identifier, argumentsFrom(texts), EngineCustomization::standard()));
 }
 
 using enum FunctionIdentifier;
@@ -131,26 +128,6 @@ TEST_F(MoneyOverTimeTests, ReturnsAndTaxes) {
       {salesTaxIn, {"120", "-100%"}, "error"},
       {salesTaxIn, {"120", "20"}, "none"},
   });
-}
-
-TEST(SalesTaxes, AreAddedAndTakenOffAgain) {
-  const struct {
-    std::string_view left;
-    TokenSubType operation;
-    std::string_view right;
-    std::string_view want;
-  } rows[] = {
-      {"100", TokenSubType::additionOperator, "tax 0.2", "decimal 120"},
-      {"120", TokenSubType::subtractionOperator, "tax 0.2", "decimal 100"},
-      {"100 currencyUSD", TokenSubType::additionOperator, "tax 0.2", "120 currencyUSD"},
-      {"120 currencyUSD", TokenSubType::subtractionOperator, "tax 0.2", "100 currencyUSD"},
-      {"120 currencyUSD", TokenSubType::multiplicationOperator, "tax 0.2", "24 currencyUSD"},
-      {"120", TokenSubType::subtractionOperator, "tax -1", "error"},
-  };
-  for (const auto& row : rows) {
-    const Token answer = operated(argumentFrom(row.left), row.operation, argumentFrom(row.right));
-    EXPECT_EQ(described(answer), row.want) << row.left << ' ' << row.right;
-  }
 }
 
 TEST_F(MoneyOverTimeTests, PricesOfOtherYears) {

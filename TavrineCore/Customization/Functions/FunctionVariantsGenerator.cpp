@@ -1,5 +1,6 @@
 #include "TavrineCore/Customization/Functions/FunctionVariantsGenerator.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
@@ -26,6 +27,8 @@ struct WordGroup {
 
 constexpr FunctionIdentifierSet kPercentFunctions = FunctionIdentifierSet::fromTo(percentOf, reversedPercentOff);
 constexpr FunctionIdentifierSet kRepayments = FunctionIdentifierSet::fromTo(totalLoanRepayment, monthlyLoanRepayment);
+constexpr FunctionIdentifierSet kInterests =
+    FunctionIdentifierSet::fromTo(totalInterestOnLoanRepayment, monthlyInterestOnLoanRepayment);
 constexpr FunctionIdentifierSet kCompounds =
     FunctionIdentifierSet::fromTo(compoundInterest, compoundInterestCompoundingQuarterly);
 
@@ -39,11 +42,14 @@ constexpr auto kWordGroups = std::to_array<WordGroup>({
     {{annualLoanRepayment, annualInterestOnLoanRepayment}, {"annual", "yearly"}},
     {{returnOnInvestmentAfter}, {"annual", "yearly", "annualized"}},
     {kLoans, {"over", "for"}},
+    {kInterests, {"repayment", "loan", "mortgage"}},
     {kCompounds, {"compounding", "compounded", "compound"}},
     {kCompounds, {"annually", "yearly"}},
     {kCompounds, {"every", "each"}},
     {{exponentialGrowth}, {"growing", "increasing", "rising"}},
     {{exponentialDecay}, {"shrinking", "decreasing", "falling", "declining", "depreciating"}},
+    {{timeRequiredForExponentialChange, timeRequiredForLinearChange},
+     {"get", "go", "grow", "increase", "rise", "shrink", "fall", "drop", "decrease"}},
     {{squareRoot}, {"square", "squared"}},
     {{cubedRoot}, {"cube", "cubed", "cubic"}},
     {{nthLog, nthLogReversed}, {"log", "logarithm"}},
@@ -68,10 +74,65 @@ std::size_t findWord(std::string_view phrase, std::string_view word) {
   return std::string_view::npos;
 }
 
+// The weather can be asked for with the place before or behind what is asked, with and without a day. A day beside a
+// place ("Paris tomorrow", "tomorrow in Paris") is read as one date that tells both.
+constexpr std::string_view kPlaceOfWeather = " in __timezone";
+constexpr auto kTailsOfWeather = std::to_array<std::string_view>({
+    " for __timezone",
+    " at __timezone",
+    " of __timezone",
+    " near __timezone",
+    " __timezone",
+    " in __timezone __datestamp",
+    " in __timezone on __datestamp",
+    " in __timezone at __datestamp",
+    " for __timezone on __datestamp",
+    " for __timezone at __datestamp",
+    " __datestamp in __timezone",
+    " on __datestamp in __timezone",
+    " at __datestamp in __timezone",
+    " in __datestamp",
+    " for __datestamp",
+    " at __datestamp",
+    " on __datestamp",
+    " __datestamp",
+});
+constexpr std::string_view kPlaceBeforeWeather = "__timezone ";
+constexpr auto kTailsOfWeatherBehindPlace = std::to_array<std::string_view>({
+    "",
+    " __datestamp",
+    " on __datestamp",
+    " at __datestamp",
+    " for __datestamp",
+});
+
+/// Whether the words can stand behind a name: "Paris humidity", but not "Paris is it humid".
+bool isNounOfWeather(std::string_view words) {
+  constexpr auto kQuestions = std::to_array<std::string_view>({"is", "does", "will", "do", "how", "it", "when"});
+  return std::none_of(kQuestions.begin(), kQuestions.end(),
+                      [&](std::string_view question) { return findWord(words, question) != std::string_view::npos; });
+}
+
+void appendWeatherVariants(const Function& function, std::vector<Function>& variants) {
+  std::string_view words = function.prototypeExpression;
+  if (!words.ends_with(kPlaceOfWeather)) return;
+  words.remove_suffix(kPlaceOfWeather.size());
+  // "Paris high tomorrow" before "high tomorrow", which is in it.
+  if (isNounOfWeather(words)) {
+    for (const std::string_view tail : kTailsOfWeatherBehindPlace) {
+      variants.push_back({std::string(kPlaceBeforeWeather).append(words).append(tail), function.identifier});
+    }
+  }
+  for (const std::string_view tail : kTailsOfWeather) {
+    variants.push_back({std::string(words).append(tail), function.identifier});
+  }
+}
+
 }  // namespace
 
 std::vector<Function> FunctionVariantsGenerator::variantsOf(const Function& function) {
   std::vector<Function> variants{function};
+  if (weatherFunctionIdentifiers.contains(function.identifier)) appendWeatherVariants(function, variants);
   for (const WordGroup& group : kWordGroups) {
     if (!group.functions.contains(function.identifier)) continue;
     const std::string_view original = group.words.front();

@@ -1,6 +1,8 @@
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -20,6 +22,19 @@ namespace {
 
 constexpr std::string_view kPlace = "__timezone";
 constexpr std::string_view kPlaceOfProvider = "__dynamic_place";
+
+/// Where the phrase may name a place that only the host knows; npos for nowhere. Such a name is made of any words, so
+/// one has to be announced: "weather in Little Town", but not "nice weather", where prose would be looked up.
+std::size_t gapForPlaceOfProvider(std::string_view phrase) {
+  constexpr auto kAnnouncements = std::to_array<std::string_view>(
+      {" in ", " at ", " for ", " of ", " from ", " to ", " and ", " between ", " near ", " is ", " vs "});
+  const std::size_t place = phrase.rfind(kPlace);
+  if (place == std::string_view::npos) return place;
+  const std::string_view before = phrase.substr(0, place);
+  const bool isAnnounced = std::any_of(kAnnouncements.begin(), kAnnouncements.end(),
+                                       [&](std::string_view word) { return before.ends_with(word); });
+  return isAnnounced ? place : std::string_view::npos;
+}
 
 /// Phrases in the order in which they come; of two equal ones the first stays.
 class PhraseCollector {
@@ -61,7 +76,8 @@ std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& cu
     std::string plain = strippingDiacritics(function.prototypeExpression);
     const bool differs = plain != function.prototypeExpression;
     const FunctionIdentifier identifier = function.identifier;
-    const std::size_t place = placesCanBeAskedFor ? function.prototypeExpression.rfind(kPlace) : std::string::npos;
+    const std::size_t place =
+        placesCanBeAskedFor ? gapForPlaceOfProvider(function.prototypeExpression) : std::string::npos;
     std::string withPlaceOfProvider;
     if (place != std::string::npos) {
       withPlaceOfProvider = function.prototypeExpression;

@@ -1,8 +1,14 @@
 #include "TavrineCore/Customization/Places/Place.h"
 
 #include <array>
+#include <memory>
+#include <utility>
 
 #include "Foundation/Decimal.h"
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Engine/StaticResouces.h"
+#include "TavrineCore/Customization/Places/NameLexemes.h"
+#include "TavrineCore/Customization/Places/PlaceRows.h"
 
 namespace tavrine {
 
@@ -28,6 +34,44 @@ std::optional<GPSCoordinates> Airport::gpsCoordinates() const {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) return std::nullopt;
   return coordinatesFrom(text.substr(0, comma), text.substr(comma + 1));
+}
+
+std::optional<Place> Country::place() const {
+  if (!capitalCityTimezoneID) return std::nullopt;
+  const std::optional<TimeZone> zone = TimeZone::withIdentifier(*capitalCityTimezoneID);
+  if (!zone) return std::nullopt;
+  return Place{.name = name, .aliases = aliases, .timeZone = *zone, .type = *this};
+}
+
+std::optional<Place> City::place() const {
+  const std::optional<TimeZone> zone = TimeZone::withIdentifier(timezone_id);
+  if (!zone) return std::nullopt;
+  return Place{.name = name, .aliases = aliases, .timeZone = *zone, .type = *this};
+}
+
+std::optional<Place> Airport::place() const {
+  const std::shared_ptr<const PlaceRows> cities = StaticResouces::localizedCities();
+  const std::optional<std::size_t> row = cities ? cities->rowWithKey(cityIdentifier) : std::nullopt;
+  const std::optional<City> city = row ? cities->city(*row) : std::nullopt;
+  const std::optional<Place> around = city ? city->place() : std::nullopt;
+  if (!around) return std::nullopt;
+  Airport known = *this;
+  known.associatedCityName = city->name;
+  known.associatedCountryName = city->country;
+  return Place{.name = name, .aliases = {}, .timeZone = around->timeZone, .type = std::move(known)};
+}
+
+std::optional<Place> CustomPlace::place() const {
+  return Place{.name = name, .aliases = {}, .timeZone = timeZone, .type = *this};
+}
+
+std::vector<std::string> Place::multiWordAliases() const {
+  std::vector<std::string> result;
+  if (!aliases) return result;
+  for (const std::string& alias : *aliases) {
+    if (containsLowercaseLetter(alias) && leadingLexemesOf(alias).areSeveral()) result.push_back(alias);
+  }
+  return result;
 }
 
 std::optional<GPSCoordinates> Place::gpsCoordinates() const {

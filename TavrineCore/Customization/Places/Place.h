@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -15,11 +16,16 @@
 
 namespace tavrine {
 
+struct Place;
+
 struct Country {
   std::string name;
   std::optional<std::vector<std::string>> aliases;
   std::string capital;
   std::optional<std::string> capitalCityTimezoneID;
+
+  /// In the zone of the capital; absent where that isn't known.
+  [[nodiscard]] std::optional<Place> place() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, capital); }
   friend bool operator==(const Country&, const Country&) = default;
@@ -37,6 +43,9 @@ struct City {
   std::optional<std::string> longitude;
   std::optional<std::string> latitude;
   std::string timezone_id;
+
+  /// Absent for a zone that nobody knows.
+  [[nodiscard]] std::optional<Place> place() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(identifier, name); }
   friend bool operator==(const City&, const City&) = default;
@@ -56,6 +65,9 @@ struct Airport {
 
   /// Absent where the text isn't two numbers on the earth.
   [[nodiscard]] std::optional<GPSCoordinates> gpsCoordinates() const;
+  /// In the zone of its city in the resources, with the names of city and country filled in; absent where there is no
+  /// such city.
+  [[nodiscard]] std::optional<Place> place() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, iata_code); }
   friend bool operator==(const Airport&, const Airport&) = default;
@@ -66,6 +78,8 @@ struct CustomPlace {
   std::string name;
   TimeZone timeZone;
   std::optional<GPSCoordinates> gpsCoordinates;
+
+  [[nodiscard]] std::optional<Place> place() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, timeZone, gpsCoordinates); }
   friend bool operator==(const CustomPlace&, const CustomPlace&) = default;
@@ -92,12 +106,23 @@ struct Place {
   [[nodiscard]] const Country* country() const { return std::get_if<Country>(&type); }
   [[nodiscard]] const Airport* airport() const { return std::get_if<Airport>(&type); }
 
+  /// The aliases of at least two lexemes under the current locale. Codes, which have no lower-case letter, are none.
+  [[nodiscard]] std::vector<std::string> multiWordAliases() const;
+
   /// Where the place lies, as far as is known: countries and zones lie nowhere in particular.
   [[nodiscard]] std::optional<GPSCoordinates> gpsCoordinates() const;
 
   [[nodiscard]] std::size_t hash() const { return hashOf(name, timeZone, type.index()); }
   friend bool operator==(const Place&, const Place&) = default;
 };
+
+/// What can be a place of lines.
+template <class Source>
+concept PlaceConvertable = requires(const Source& source) {
+  { source.place() } -> std::same_as<std::optional<Place>>;
+};
+static_assert(PlaceConvertable<Country> && PlaceConvertable<City> && PlaceConvertable<Airport> &&
+              PlaceConvertable<CustomPlace>);
 
 /// "country", "city", "airport", "custom", "timeZoneAbbreviation" or "unspecified".
 std::string_view toString(const Place::PlaceType& type);

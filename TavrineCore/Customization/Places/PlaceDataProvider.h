@@ -11,6 +11,9 @@
 
 namespace tavrine {
 
+struct Place;
+struct UnitExpression;
+
 /// What a host knows of a place.
 struct PlaceData {
   /// Degrees, north and east positive.
@@ -26,6 +29,9 @@ struct PlaceData {
   TimeZone timeZone;
   std::optional<Coordinates> coordinates = std::nullopt;
 
+  /// For lines; without coordinates where those given lie beyond the earth.
+  [[nodiscard]] std::optional<Place> place() const;
+
   [[nodiscard]] std::size_t hash() const { return hashOf(name, timeZone, coordinates); }
   friend bool operator==(const PlaceData&, const PlaceData&) = default;
 };
@@ -38,6 +44,11 @@ class PlaceDataProvider {
   /// Looks the name up; blocks, and is called from background threads only, several at a time. Absent when no such
   /// place is known or the look-up is stopped.
   [[nodiscard]] virtual std::optional<PlaceData> placeDataFor(const std::string& name, std::stop_token stop) = 0;
+
+  /// How far it is from one point to another. Called on any thread, several at a time, and not to block. Unless a host
+  /// knows better it is the way over a globe of the mean radius of the earth, in kilometers.
+  [[nodiscard]] virtual std::optional<UnitExpression> distanceBetween(const PlaceData::Coordinates& from,
+                                                                      const PlaceData::Coordinates& to);
 };
 
 }  // namespace tavrine

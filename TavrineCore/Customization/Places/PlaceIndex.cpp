@@ -168,10 +168,10 @@ std::optional<Place> PlaceIndex::placeOfName(std::uint32_t globalName) const {
   const std::size_t row = table.names()[reference.name].row;
   if (reference.table == 0) {
     const std::optional<City> city = table.city(row);
-    return city ? placeOf(*city) : std::nullopt;
+    return city ? city->place() : std::nullopt;
   }
   const std::optional<Country> country = table.country(row);
-  return country ? placeOf(*country) : std::nullopt;
+  return country ? country->place() : std::nullopt;
 }
 
 }  // namespace tavrine

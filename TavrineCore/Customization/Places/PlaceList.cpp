@@ -41,12 +41,11 @@ PlaceList PlaceList::standard() {
 
 void PlaceList::cache(const Place& place) {
   const auto shared = std::make_shared<const Place>(place);
-  std::vector<std::string> phrases;
   addedPlaces_[lowercased(place.name)] = shared;
   for (const std::string& alias : place.aliases.value_or(std::vector<std::string>{})) {
     addedPlaces_[lowercased(alias)] = shared;
-    if (containsLowercaseLetter(alias) && leadingLexemesOf(alias).areSeveral()) phrases.push_back(alias);
   }
+  std::vector<std::string> phrases = place.multiWordAliases();
   if (phrases.empty() && leadingLexemesOf(place.name).areSeveral()) phrases.push_back(place.name);
   for (std::string& phrase : phrases) {
     const std::string firstWord = lowercased(leadingLexemesOf(phrase).first);
@@ -113,40 +112,18 @@ bool PlaceList::isOrdinaryWord(std::string_view lowercasedName) const {
 
 bool PlaceList::isBuilt() const { return index_ && index_->isBuilt(); }
 
-namespace {
-
-/// The airports and the cities that give them their zones.
-struct AirportMap {
-  std::shared_ptr<const PlaceRows> airports = StaticResouces::airports();
-  std::shared_ptr<const PlaceRows> cities = StaticResouces::localizedCities();
-
-  std::optional<Place> airportNamed(std::string_view code) const {
-    if (airports == nullptr || cities == nullptr) return std::nullopt;
-    const std::optional<std::size_t> row = airports->rowWithKey(code);
-    std::optional<Airport> airport = row ? airports->airport(*row) : std::nullopt;
-    if (!airport) return std::nullopt;
-    const std::optional<std::size_t> cityRow = cities->rowWithKey(airport->cityIdentifier);
-    const std::optional<City> city = cityRow ? cities->city(*cityRow) : std::nullopt;
-    const std::optional<Place> place = city ? placeOf(*city) : std::nullopt;
-    if (!place) return std::nullopt;
-    airport->associatedCityName = city->name;
-    airport->associatedCountryName = city->country;
-    return Place{.name = airport->name, .aliases = {}, .timeZone = place->timeZone, .type = *std::move(airport)};
-  }
-};
-
-}  // namespace
-
 std::optional<Place> AirportsList::runQuery(std::string_view fragment) {
   // The set of codes answers for most words, so that the airports are read only for one of them.
   static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
-  static const Lazy<AirportMap> map([] { return AirportMap{}; });
   constexpr std::size_t kLettersInCode = 3;
   if (fragment.size() != kLettersInCode) return std::nullopt;
   std::string code = lowercased(fragment);
   if (!words->isAirportCode(code)) return std::nullopt;
   for (char& c : code) c = static_cast<char>(c - 'a' + 'A');
-  return map->airportNamed(code);
+  const std::shared_ptr<const PlaceRows> airports = StaticResouces::airports();
+  const std::optional<std::size_t> row = airports ? airports->rowWithKey(code) : std::nullopt;
+  const std::optional<Airport> airport = row ? airports->airport(*row) : std::nullopt;
+  return airport ? airport->place() : std::nullopt;
 }
 
 }  // namespace tavrine

@@ -211,17 +211,4 @@ std::optional<std::size_t> PlaceRows::rowWithKey(std::string_view key) const {
   return std::nullopt;
 }
 
-std::optional<Place> placeOf(const City& city) {
-  const std::optional<TimeZone> zone = TimeZone::withIdentifier(city.timezone_id);
-  if (!zone) return std::nullopt;
-  return Place{.name = city.name, .aliases = city.aliases, .timeZone = *zone, .type = city};
-}
-
-std::optional<Place> placeOf(const Country& country) {
-  if (!country.capitalCityTimezoneID) return std::nullopt;
-  const std::optional<TimeZone> zone = TimeZone::withIdentifier(*country.capitalCityTimezoneID);
-  if (!zone) return std::nullopt;
-  return Place{.name = country.name, .aliases = country.aliases, .timeZone = *zone, .type = country};
-}
-
 }  // namespace tavrine

@@ -68,8 +68,4 @@ class PlaceRows {
   std::vector<Key> keys_;
 };
 
-/// The places that rows describe; absent for a zone that nobody knows.
-[[nodiscard]] std::optional<Place> placeOf(const City& city);
-[[nodiscard]] std::optional<Place> placeOf(const Country& country);
-
 }  // namespace tavrine

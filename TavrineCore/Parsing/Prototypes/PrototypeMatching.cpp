@@ -1,5 +1,6 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeMatching.h"
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <utility>
@@ -25,19 +26,15 @@ std::optional<Token> replacementFor(const TokenSlice& slice, const PrototypeSequ
                std::make_shared<const VariableTokenMetadata>(*variable));
 }
 
-bool takesSeveralWords(const PrototypeSequence& sequence) {
-  const auto& prototypes = sequence.prototypes();
-  return !prototypes.empty() &&
-         (prototypes.front()->kind() == Kind::dynamicPlace || prototypes.back()->kind() == Kind::dynamicPlace);
-}
-
-/// The first index of the place name that ends at `last`, words and what joins them.
-std::size_t startOfPlaceName(const TokenList& list, std::size_t last) {
+/// The first index of the place name that ends at `last`, words and what joins them. The word of the phrase before the
+/// gap, null for none, is no part of the name: "where is Little Town".
+std::size_t startOfPlaceName(const TokenList& list, std::size_t last, const TokenPrototype* wordBefore) {
   if (list[last].is(TokenType::timezone)) return last;
   std::size_t first = last;
   const std::size_t farthest = last < 2 * kMaximumPhraseWords ? 0 : last - 2 * kMaximumPhraseWords;
   for (std::size_t i = last; i-- > farthest;) {
     const TokenType type = list[i].type;
+    if (wordBefore != nullptr && wordBefore->matches(list[i])) break;
     if (TokenTypeSet::typesInDynamicPlaceNames.contains(type)) {
       first = i;
     } else if (!TokenTypeSet::typesToIgnoreInDynamicPlaceNames.contains(type)) {
@@ -45,6 +42,14 @@ std::size_t startOfPlaceName(const TokenList& list, std::size_t last) {
     }
   }
   return first;
+}
+
+/// The last word of a phrase that stands before one of its gaps; null if there is none.
+const TokenPrototype* wordBefore(PrototypeSequence::Prototypes::const_reverse_iterator gap,
+                                 const PrototypeSequence::Prototypes& prototypes) {
+  const auto word = std::find_if(std::next(gap), prototypes.rend(),
+                                 [](const auto& prototype) { return prototype->kind() == Kind::literal; });
+  return word == prototypes.rend() ? nullptr : word->get();
 }
 
 }  // namespace
@@ -57,7 +62,7 @@ bool MatchableTokens::matchesAt(std::size_t index, const TokenPrototype& prototy
   }
   auto known = evaluated_.find(index);
   if (known == evaluated_.end()) known = evaluated_.emplace(index, token.evaluated()).first;
-  return prototype.matches(known->second);
+  return PrototypeSequence::valueMatches(prototype, token, known->second);
 }
 
 bool MatchableTokens::matchesFrom(std::size_t index, const PrototypeSequence& sequence) {
@@ -108,8 +113,8 @@ std::optional<PrototypeSequenceMatcher::Match> PrototypeSequenceMatcher::findSli
     std::span<const PrototypeSequenceRef> sequences, std::size_t endIndex) {
   if (endIndex >= tokens_.list().count()) return std::nullopt;
   for (const PrototypeSequenceRef& sequence : sequences) {
-    std::optional<TokenSlice> slice = takesSeveralWords(*sequence) ? matchGreedySequence(*sequence, endIndex)
-                                                                   : matchRegularSequence(*sequence, endIndex);
+    std::optional<TokenSlice> slice = sequence->asksForPlaceOfProvider() ? matchGreedySequence(*sequence, endIndex)
+                                                                         : matchRegularSequence(*sequence, endIndex);
     if (slice) return Match{*std::move(slice), sequence};
   }
   return std::nullopt;
@@ -133,7 +138,9 @@ std::optional<TokenSlice> PrototypeSequenceMatcher::matchGreedySequence(const Pr
   for (auto prototype = prototypes.rbegin(); prototype != prototypes.rend(); ++prototype) {
     if (behind == 0 || !tokens_.matchesAt(behind - 1, **prototype)) return std::nullopt;
     const std::size_t last = --behind;
-    if ((*prototype)->kind() == Kind::dynamicPlace) behind = startOfPlaceName(list, last);
+    if ((*prototype)->kind() == Kind::dynamicPlace) {
+      behind = startOfPlaceName(list, last, wordBefore(prototype, prototypes));
+    }
     const bool isName = (*prototype)->kind() == Kind::dynamicPlace && !list[last].is(TokenType::timezone);
     backwards.push_back(isName ? list.slice(behind, last).embedInContainerToken(TokenType::dynamicPlace) : list[last]);
   }

@@ -55,6 +55,7 @@ PrototypeSequence::PrototypeSequence(Prototypes prototypes, std::optional<Protot
       phrase->words.insert(lowercased(static_cast<const LiteralTokenPrototype&>(*prototype).string()));
     }
     if (const std::optional<TokenType> type = typeWantedBy(*prototype)) phrase->types.insert(*type);
+    phrase->asksForPlaceOfProvider = phrase->asksForPlaceOfProvider || prototype->kind() == Kind::dynamicPlace;
   }
   phrase->prototypes = std::move(prototypes);
   phrase_ = std::move(phrase);
@@ -87,7 +88,11 @@ bool PrototypeSequence::performMatchCheck(const TokenPrototype& prototype, const
   if (!wantsEvaluated(prototype, token)) return prototype.matches(token);
   // The values of brackets are no words, so they need not be worked out to say no.
   if (prototype.kind() == Kind::literal || prototype.kind() == Kind::anyWord) return false;
-  return prototype.matches(token.evaluated());
+  return valueMatches(prototype, token, token.evaluated());
+}
+
+bool PrototypeSequence::valueMatches(const TokenPrototype& prototype, const Token& brackets, const Token& value) {
+  return prototype.matches(value.is(TokenType::pending) ? brackets : value);
 }
 
 std::string PrototypeSequence::debugDescription() const {

@@ -50,6 +50,8 @@ class PrototypeSequence {
   [[nodiscard]] const StringSet& wordsPresent() const { return phrase_->words; }
   /// The types that a line must have held, as far as the gaps name types.
   [[nodiscard]] const TokenTypeSet& typesPresent() const { return phrase_->types; }
+  /// Whether a gap takes the name of a place that only a host knows, and with it as many words as the name has.
+  [[nodiscard]] bool asksForPlaceOfProvider() const { return phrase_->asksForPlaceOfProvider; }
   /// Whether the list has held what the gaps want. A fraction will do for a percentage.
   [[nodiscard]] bool typesWereIn(const TokenList& list) const;
 
@@ -61,6 +63,8 @@ class PrototypeSequence {
   [[nodiscard]] static bool performMatchCheck(const TokenPrototype& prototype, const Token& token);
   /// Whether a token of brackets has to be evaluated to be tested against the prototype.
   [[nodiscard]] static bool wantsEvaluated(const TokenPrototype& prototype, const Token& token);
+  /// That test, with what the brackets come to: what has to be waited for is known as brackets only.
+  [[nodiscard]] static bool valueMatches(const TokenPrototype& prototype, const Token& brackets, const Token& value);
 
   [[nodiscard]] std::string debugDescription() const;
 
@@ -69,6 +73,7 @@ class PrototypeSequence {
     Prototypes prototypes;
     StringSet words;
     TokenTypeSet types;
+    bool asksForPlaceOfProvider = false;
   };
 
   PrototypeSequence(std::shared_ptr<const Phrase> phrase, PrototypeSequenceMetadata metadata)

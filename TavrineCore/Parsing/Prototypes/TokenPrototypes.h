@@ -107,7 +107,7 @@ class AnyWordTokenPrototype final : public TokenPrototype {
   [[nodiscard]] std::string debugDescription() const override { return "<word>"; }
 };
 
-/// A word of a place that only a host's provider knows. At either end of a phrase it takes several words.
+/// A word of a place that only a host's provider knows. It takes the words beside it that may belong to the name.
 class DynamicPlaceTokenPrototype final : public TokenPrototype {
  public:
   DynamicPlaceTokenPrototype() : TokenPrototype(Kind::dynamicPlace) {}

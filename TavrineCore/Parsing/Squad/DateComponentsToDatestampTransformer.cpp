@@ -254,14 +254,16 @@ Token DateComponentsToDatestampTransformer::datestampToken(Date date, Type type,
       datestamp.specialDayType = supplementaryComponents_->metadata->representingSpecialDay;
     }
   }
+  const std::optional<Place> place = explicitTimeZone_ ? tokenList_[*explicitTimeZone_].placeValue() : std::nullopt;
   const TokenSlice slice = tokenList_.slice(first_, last_);
   return {TokenType::datestamp,
           TokenSubType::notSpecified,
           slice.stringValue(),
           slice.range(),
           nullptr,
-          std::make_shared<const DatestampTokenMetadata>(
-              std::move(datestamp), now, CalendarEnvironment(calendar, engineCustomization_.holidays()))};
+          std::make_shared<const DatestampTokenMetadata>(std::move(datestamp), now,
+                                                         CalendarEnvironment(calendar, engineCustomization_.holidays()),
+                                                         place ? std::make_shared<const Place>(*place) : nullptr)};
 }
 
 void DateComponentsToDatestampTransformer::deidentifyPieces() {

@@ -37,7 +37,7 @@ Token withDatestamp(const Token& token, Datestamp datestamp) {
   const auto* metadata = token.metadataAs<DatestampTokenMetadata>();
   Token result = token;
   result.metadata = std::make_shared<const DatestampTokenMetadata>(std::move(datestamp), metadata->creation_stamp,
-                                                                   metadata->environment);
+                                                                   metadata->environment, metadata->place);
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <utility>
 
@@ -18,14 +19,22 @@
 
 namespace tavrine {
 
+struct Place;
+
 /// "5 March", "today".
 struct DatestampTokenMetadata final : TokenMetadataOf<TokenMetadataKind::datestamp> {
-  DatestampTokenMetadata(Datestamp stamp, Date created, CalendarEnvironment calendarEnvironment)
-      : datestamp(std::move(stamp)), creation_stamp(created), environment(std::move(calendarEnvironment)) {}
+  DatestampTokenMetadata(Datestamp stamp, Date created, CalendarEnvironment calendarEnvironment,
+                         std::shared_ptr<const Place> where = nullptr)
+      : datestamp(std::move(stamp)),
+        creation_stamp(created),
+        environment(std::move(calendarEnvironment)),
+        place(std::move(where)) {}
   Datestamp datestamp;
   /// The "now" that relative dates count from.
   Date creation_stamp;
   CalendarEnvironment environment;
+  /// The place that the words name beside the day: "tomorrow in Paris". Null where they name none.
+  std::shared_ptr<const Place> place;
 };
 
 /// "Q1 2024", "last summer".

@@ -227,7 +227,7 @@ Token Token::withCalendarEnvironment(const CalendarEnvironment& environment) con
   Token result = *this;
   const auto* it = is(TokenType::datestamp) ? metadataAs<DatestampTokenMetadata>() : nullptr;
   if (it != nullptr) {
-    result.metadata = std::make_shared<DatestampTokenMetadata>(it->datestamp, Date::now(), environment);
+    result.metadata = std::make_shared<DatestampTokenMetadata>(it->datestamp, Date::now(), environment, it->place);
   }
   return result;
 }

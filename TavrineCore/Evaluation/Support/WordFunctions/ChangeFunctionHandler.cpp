@@ -25,13 +25,6 @@ using Answer = std::optional<EvaluationResult>;
 constexpr FunctionIdentifierSet kHandled{exponentialGrowth, exponentialDecay, timeRequiredForExponentialChange,
                                          growthOverExponentialChange, timeRequiredForLinearChange};
 
-/// Without the words that tell no interval: "to get from 10 to 20" asks the same as "to grow from 10 to 20".
-std::vector<Token> withoutVerbs(Arguments arguments) {
-  std::vector<Token> others(arguments.begin(), arguments.end());
-  std::erase_if(others, [](const Token& token) { return token.is(TokenType::literal) && !durationOf(token); });
-  return others;
-}
-
 Answer quantityAfter(Arguments arguments, bool decays) {
   // "doubling" and "halving" need no percentage.
   const Decimal rateInWords = decays ? Decimal(1) / Decimal(2) : Decimal(1);
@@ -80,8 +73,7 @@ Answer timeOfLinearChange(Arguments arguments) {
   return EvaluationResult::unitExpression(*time);
 }
 
-Answer evaluateChangeFunction(FunctionIdentifier identifier, Arguments all, const EngineCustomization&) {
-  const std::vector<Token> arguments = withoutVerbs(all);
+Answer evaluateChangeFunction(FunctionIdentifier identifier, Arguments arguments, const EngineCustomization&) {
   switch (identifier) {
     case exponentialGrowth:
     case exponentialDecay:

@@ -10,10 +10,12 @@ std::span<const WordFunctionHandler* const> allWordFunctionHandlers() {
       &kChangeFunctionHandler,
       &kDateTimeFunctionHandler,
       &kFinancialFunctionHandler,
+      &kGeographicFunctionHandler,
       &kLiteralFunctionHandler,
       &kStatisticalFunctionHandler,
       &kUnitFunctionHandler,
       &kVideoFunctionHandler,
+      &kWeatherFunctionHandler,
   };
   return kHandlers;
 }

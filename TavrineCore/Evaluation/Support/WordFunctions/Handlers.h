@@ -11,10 +11,12 @@ extern const WordFunctionHandler kBasicFunctionHandler;
 extern const WordFunctionHandler kChangeFunctionHandler;
 extern const WordFunctionHandler kDateTimeFunctionHandler;
 extern const WordFunctionHandler kFinancialFunctionHandler;
+extern const WordFunctionHandler kGeographicFunctionHandler;
 extern const WordFunctionHandler kLiteralFunctionHandler;
 extern const WordFunctionHandler kStatisticalFunctionHandler;
 extern const WordFunctionHandler kUnitFunctionHandler;
 extern const WordFunctionHandler kVideoFunctionHandler;
+extern const WordFunctionHandler kWeatherFunctionHandler;
 
 /// All of them; no function is in two.
 std::span<const WordFunctionHandler* const> allWordFunctionHandlers();
