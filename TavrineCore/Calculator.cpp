@@ -1,13 +1,18 @@
 #include "TavrineCore/Calculator.h"
 
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "Foundation/OperationQueue.h"
 #include "Foundation/SerialQueue.h"
 #include "Foundation/Text.h"
+#include "TavrineCore/Customization/Functions/CustomFunction.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 #include "TavrineCore/EvaluationController.h"
 #include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/ParsingController.h"
 
@@ -137,6 +142,29 @@ std::optional<Calculator::DateAndResult> Calculator::dateFor(std::string_view ex
   if (datestamp == nullptr) return std::nullopt;
   const Date date = datestamp->date;
   return DateAndResult{date, std::move(result)};
+}
+
+std::optional<std::vector<EvaluationResult>> Calculator::functionParametersIn(std::string_view expression,
+                                                                              std::vector<std::string> prototypes,
+                                                                              EngineCustomization customization) {
+  if (prototypes.empty()) return std::nullopt;
+  CustomFunction::Fields fields;
+  fields.prototypeExpression = std::move(prototypes.front());
+  prototypes.erase(prototypes.begin());
+  fields.aliases = std::move(prototypes);
+  fields.handler = [](const std::vector<EvaluationResult>&) { return EvaluationResult::none(); };
+  std::vector<CustomFunction> functions = customization.customFunctions();
+  functions.insert(functions.begin(), CustomFunction(std::move(fields)));
+  customization.setCustomFunctions(std::move(functions));
+
+  const Calculator calculator(std::move(customization));
+  std::string storage;
+  const TokenList tokens =
+      calculator.parsingController_->parser().tokensFor(validText(expression, storage), emptyVariables());
+  const auto call = std::find_if(tokens.begin(), tokens.end(),
+                                 [](const Token& token) { return token.is(TokenType::wordFunction); });
+  if (call == tokens.end() || call->metadataAs<CustomFunctionTokenMetadata>() == nullptr) return std::nullopt;
+  return customArgumentsOf(*call);
 }
 
 }  // namespace tavrine

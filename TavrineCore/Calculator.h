@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Foundation/Date.h"
 #include "TavrineCore/CalculationResult.h"
@@ -53,6 +54,12 @@ class Calculator {
   };
   std::optional<DateAndResult> dateFor(std::string_view expression,
                                        const std::shared_ptr<VariableList>& variables = nullptr);
+
+  /// What stands in `expression` at the gaps of the first phrase of `prototypes` that it holds, in order: "move 5 km to
+  /// 7 km" holds "move __length_expression to __length_expression". Absent where it holds none of them.
+  static std::optional<std::vector<EvaluationResult>> functionParametersIn(std::string_view expression,
+                                                                           std::vector<std::string> prototypes,
+                                                                           EngineCustomization customization);
 
   const EngineCustomization& customization() const;
 
