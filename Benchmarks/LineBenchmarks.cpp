@@ -8,10 +8,16 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Benchmarks/Allocations.h"
 #include "TavrineCore/Calculator.h"
+#include "TavrineCore/Customization/Functions/FunctionVendor.h"
+#include "TavrineCore/Customization/Functions/NumericalFunctionKeywords.h"
+#include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
 namespace {
@@ -48,6 +54,25 @@ BENCHMARK_CAPTURE(calculateLine, Money, "$10 + 20%", "$12.00")->Name("BM_Line/Mo
 BENCHMARK_CAPTURE(calculateLine, WordFunction, "what is 20% of 50", "10")->Name("BM_Line/WordFunction");
 BENCHMARK_CAPTURE(calculateLine, Date, "today + 3 weeks", std::nullopt)->Name("BM_Line/Date");
 BENCHMARK_CAPTURE(calculateLine, Place, "3pm in Paris to New York", std::nullopt)->Name("BM_Line/Place");
+
+/// What a line without a phrase pays for the phrases that there are: those that it could hold, chosen by its words.
+/// `more` phrases without a word of the line have joined the usual ones.
+void preselectPhrases(benchmark::State& state, std::string_view line, int more) {
+  const EngineCustomization customization = EngineCustomization::standard();
+  std::vector<Function> functions = FunctionVendor::functionsFor(customization);
+  for (int i = 0; i < more; ++i) {
+    const std::string made{'q', static_cast<char>('a' + i % 26), static_cast<char>('a' + i / 26 % 26), 'q'};
+    functions.push_back({"what is the " + made + " of 10 and 10 in __unit", FunctionIdentifier::xToY});
+  }
+  const NumericalFunctionKeywords keywords(std::move(functions));
+  const TokenList list = Parser(customization).tokensFor(line, VariableList());
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(keywords.wordFunctionsWorthScanningForIn(list, customization.featureFlags()));
+  }
+}
+
+BENCHMARK_CAPTURE(preselectPhrases, Usual, "20 km / 4 hours in mph", 0)->Name("BM_Preselection/Usual");
+BENCHMARK_CAPTURE(preselectPhrases, ThousandMore, "20 km / 4 hours in mph", 1000)->Name("BM_Preselection/ThousandMore");
 
 constexpr std::array<std::string_view, 24> kPlainSums{
     "12.50 + 7.25 + 3",

@@ -110,6 +110,8 @@ BENCHMARK_CAPTURE(repeatedText, Places, "Paris ", 2)->Name("BM_LongLine/Places")
 BENCHMARK_CAPTURE(repeatedText, Phrases, "half of 5 + ", 8)->Name("BM_LongLine/Phrases");
 BENCHMARK_CAPTURE(repeatedText, NestedPhrases, "half of ", 4)->Name("BM_LongLine/NestedPhrases");
 
+BENCHMARK_CAPTURE(repeatedText, Functions, "sqrt 1 ", 4)->Name("BM_LongLine/Functions");
+
 void nested(benchmark::State& state) { longLine(state, nestedBrackets); }
 BENCHMARK(nested)->Name("BM_LongLine/NestedBrackets");
 

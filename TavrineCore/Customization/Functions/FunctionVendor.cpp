@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <deque>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 #include <utility>
 #include <vector>
 
-#include "Foundation/StringMap.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
@@ -39,23 +40,37 @@ std::size_t gapForPlaceOfProvider(std::string_view phrase) {
 /// Phrases in the order in which they come; of two equal ones the first stays.
 class PhraseCollector {
  public:
-  void add(Function function) {
-    if (seen_.insert(function.prototypeExpression).second) functions_.push_back(std::move(function));
+  explicit PhraseCollector(std::size_t usualCount) { seen_.reserve(usualCount); }
+
+  void add(std::string phrase, FunctionIdentifier identifier) {
+    Function& function = functions_.emplace_back(Function{std::move(phrase), identifier});
+    if (!seen_.insert(function.prototypeExpression).second) functions_.pop_back();
   }
-  [[nodiscard]] std::vector<Function> functions() && { return std::move(functions_); }
+  [[nodiscard]] std::vector<Function> functions() && {
+    return {std::move_iterator(functions_.begin()), std::move_iterator(functions_.end())};
+  }
 
  private:
-  std::vector<Function> functions_;
-  StringSet seen_;
+  std::deque<Function> functions_;  // which stay where they are, for the views
+  std::unordered_set<std::string_view> seen_;
 };
 
 /// The phrases of one entry, those of more words first: of two that end at the same word the longer one says more.
-std::vector<std::string> longestFirst(std::vector<std::string> phrases) {
-  const auto countBlanks = [](const std::string& phrase) { return std::count(phrase.begin(), phrase.end(), ' '); };
-  std::stable_sort(phrases.begin(), phrases.end(), [&](const std::string& left, const std::string& right) {
-    return countBlanks(left) > countBlanks(right);
-  });
-  return phrases;
+std::vector<const std::string*> longestFirst(const std::vector<std::string>& phrases) {
+  struct Measured {
+    std::ptrdiff_t blanks;
+    const std::string* phrase;
+  };
+  std::vector<Measured> measured;
+  measured.reserve(phrases.size());
+  for (const std::string& phrase : phrases)
+    measured.push_back({std::count(phrase.begin(), phrase.end(), ' '), &phrase});
+  std::stable_sort(measured.begin(), measured.end(),
+                   [](const Measured& left, const Measured& right) { return left.blanks > right.blanks; });
+  std::vector<const std::string*> sorted;
+  sorted.reserve(measured.size());
+  for (const Measured& entry : measured) sorted.push_back(entry.phrase);
+  return sorted;
 }
 
 }  // namespace
@@ -71,29 +86,28 @@ std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& cu
   const FunctionIdentifierSet disabled = disabledFunctionsBasedOn(customization);
   const bool placesCanBeAskedFor = customization.placeDataProvider() != nullptr;
 
-  PhraseCollector collector;
-  const auto addWithSpellings = [&](Function function) {
-    std::string plain = strippingDiacritics(function.prototypeExpression);
-    const bool differs = plain != function.prototypeExpression;
-    const FunctionIdentifier identifier = function.identifier;
-    const std::size_t place =
-        placesCanBeAskedFor ? gapForPlaceOfProvider(function.prototypeExpression) : std::string::npos;
+  constexpr std::size_t kUsualCount = 8000;
+  PhraseCollector collector(kUsualCount);
+  const auto addWithSpellings = [&](std::string phrase, FunctionIdentifier identifier) {
+    std::string plain;
+    if (!isAscii(phrase)) plain = strippingDiacritics(phrase);
     std::string withPlaceOfProvider;
+    const std::size_t place = placesCanBeAskedFor ? gapForPlaceOfProvider(phrase) : std::string::npos;
     if (place != std::string::npos) {
-      withPlaceOfProvider = function.prototypeExpression;
+      withPlaceOfProvider = phrase;
       withPlaceOfProvider.replace(place, kPlace.size(), kPlaceOfProvider);
     }
-    collector.add(std::move(function));
-    if (differs) collector.add({std::move(plain), identifier});
-    if (place != std::string::npos) collector.add({std::move(withPlaceOfProvider), identifier});
+    collector.add(std::move(phrase), identifier);
+    if (!plain.empty()) collector.add(std::move(plain), identifier);
+    if (!withPlaceOfProvider.empty()) collector.add(std::move(withPlaceOfProvider), identifier);
   };
 
   const auto descriptions = StaticResouces::localizedFunctions();
   for (const FunctionDescription& description : *descriptions) {
     if (disabled.contains(description.identifier)) continue;
-    for (const std::string& phrase : longestFirst(description.prototypeExpressions)) {
-      for (Function& variant : FunctionVariantsGenerator::variantsOf({phrase, description.identifier})) {
-        addWithSpellings(std::move(variant));
+    for (const std::string* phrase : longestFirst(description.prototypeExpressions)) {
+      for (Function& variant : FunctionVariantsGenerator::variantsOf({*phrase, description.identifier})) {
+        addWithSpellings(std::move(variant.prototypeExpression), variant.identifier);
       }
     }
   }

@@ -1,7 +1,8 @@
 #include "TavrineCore/Customization/Functions/NumericalFunctionKeywords.h"
 
 #include <algorithm>
-#include <iterator>
+#include <cstddef>
+#include <span>
 #include <utility>
 
 #include "Foundation/Text.h"
@@ -20,19 +21,26 @@ bool isOneAsciiWord(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
 }
 
-/// The words of the phrase, each once; its placeholders are none.
-std::vector<std::string> wordsOfPhrase(std::string_view phrase) {
-  std::vector<std::string> words;
+bool isSmallLetter(char c) { return c >= 'a' && c <= 'z'; }
+
+/// Hands out the words of the phrase; its placeholders are none. Thousands of phrases are cut when the list is made,
+/// and nearly all are in small letters of English, whose words are parts of the phrase itself.
+template <class Visitor>
+void visitWordsOf(std::string_view phrase, Visitor&& visit) {
+  std::vector<std::string> cut;
   for (std::size_t start = 0; start < phrase.size();) {
     const std::size_t end = std::min(phrase.find(' ', start), phrase.size());
     std::string_view piece = phrase.substr(start, end - start);
-    const std::size_t placeholder = piece.find(CustomType::requiredPrefix);
-    appendWordsOf(piece.substr(0, placeholder), words);
+    piece = piece.substr(0, piece.find(CustomType::requiredPrefix));
     start = end + 1;
+    if (std::all_of(piece.begin(), piece.end(), isSmallLetter)) {
+      if (!piece.empty()) visit(piece);
+    } else {
+      cut.clear();
+      appendWordsOf(piece, cut);
+      for (const std::string& word : cut) visit(std::string_view(word));
+    }
   }
-  std::sort(words.begin(), words.end());
-  words.erase(std::unique(words.begin(), words.end()), words.end());
-  return words;
 }
 
 }  // namespace
@@ -57,34 +65,41 @@ void appendWordsOf(std::string_view text, std::vector<std::string>& words) {
 
 NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> functions)
     : indexedFunctions_(std::move(functions)) {
-  std::vector<std::vector<KeywordNumber>> keywordsOfFunctions;
-  keywordsOfFunctions.reserve(indexedFunctions_.size());
+  constexpr std::size_t kUsualWords = 6;  // of a phrase
+  keywordsOfPhrases_.reserve(kUsualWords * indexedFunctions_.size());
+  std::vector<std::size_t> ends;  // of each phrase, in the list of all their keywords
+  ends.reserve(indexedFunctions_.size());
   std::vector<std::size_t> uses;
   for (const Function& function : indexedFunctions_) {
-    std::vector<KeywordNumber>& keywords = keywordsOfFunctions.emplace_back();
-    for (std::string& word : wordsOfPhrase(function.prototypeExpression)) {
-      const auto [entry, isNew] =
-          keywordNumbersForKeywords_.try_emplace(std::move(word), static_cast<KeywordNumber>(uses.size()));
-      if (isNew) uses.push_back(0);
-      ++uses[entry->second];
-      keywords.push_back(entry->second);
-    }
-    std::sort(keywords.begin(), keywords.end());
+    const auto first = static_cast<std::ptrdiff_t>(keywordsOfPhrases_.size());
+    visitWordsOf(function.prototypeExpression, [&](std::string_view word) {
+      auto entry = keywordNumbersForKeywords_.find(word);
+      if (entry == keywordNumbersForKeywords_.end()) {
+        entry = keywordNumbersForKeywords_.emplace(word, static_cast<KeywordNumber>(uses.size())).first;
+        uses.push_back(0);
+      }
+      keywordsOfPhrases_.push_back(entry->second);
+    });
+    std::sort(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end());
+    keywordsOfPhrases_.erase(std::unique(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end()),
+                             keywordsOfPhrases_.end());
+    for (auto keyword = keywordsOfPhrases_.begin() + first; keyword != keywordsOfPhrases_.end(); ++keyword)
+      ++uses[*keyword];
+    ends.push_back(keywordsOfPhrases_.size());
   }
 
   keywords_ = WordFilter::ofKeys(keywordNumbersForKeywords_);
   functionsWithRequirements_.resize(uses.size());
   for (std::size_t i = 0; i < indexedFunctions_.size(); ++i) {
-    std::vector<KeywordNumber>& keywords = keywordsOfFunctions[i];
-    if (keywords.empty()) {
+    const std::size_t first = i == 0 ? 0 : ends[i - 1];
+    if (first == ends[i]) {
       wordlessFunctions_.push_back(i);
       continue;
     }
-    const auto rarest = std::min_element(keywords.begin(), keywords.end(),
-                                         [&](KeywordNumber a, KeywordNumber b) { return uses[a] < uses[b]; });
-    const KeywordNumber keyword = *rarest;
-    keywords.erase(rarest);
-    functionsWithRequirements_[keyword].push_back({i, std::move(keywords)});
+    const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends[i] - first);
+    const KeywordNumber rarest = *std::min_element(keywords.begin(), keywords.end(),
+                                                   [&](KeywordNumber a, KeywordNumber b) { return uses[a] < uses[b]; });
+    functionsWithRequirements_[rarest].push_back({i, first, keywords.size()});
   }
 }
 
@@ -115,8 +130,8 @@ std::vector<const Function*> NumericalFunctionKeywords::wordFunctionsWorthScanni
   std::vector<std::size_t> ranks = wordlessFunctions_;
   for (const KeywordNumber keyword : present) {
     for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
-      const auto& others = function.otherKeywords;
-      if (std::includes(present.begin(), present.end(), others.begin(), others.end())) {
+      const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
+      if (std::includes(present.begin(), present.end(), keywords.begin(), keywords.end())) {
         ranks.push_back(function.functionIndex);
       }
     }

@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,10 +34,11 @@ class NumericalFunctionKeywords {
  private:
   using KeywordNumber = std::uint32_t;
 
-  /// What a line must hold for a phrase, but for its keyword.
+  /// What a line must hold for a phrase: a run of `keywordsOfPhrases_`, ascending.
   struct FunctionRequirements {
     std::size_t functionIndex = 0;
-    std::vector<KeywordNumber> otherKeywords;  // ascending
+    std::size_t firstKeyword = 0;
+    std::size_t keywordCount = 0;
   };
 
   [[nodiscard]] std::vector<KeywordNumber> keywordNumbersIn(const TokenList& tokenList) const;
@@ -46,6 +46,8 @@ class NumericalFunctionKeywords {
   std::vector<Function> indexedFunctions_;
   StringMap<KeywordNumber> keywordNumbersForKeywords_;
   WordFilter keywords_;
+  /// Of all phrases, one after the other.
+  std::vector<KeywordNumber> keywordsOfPhrases_;
   /// By the number of the keyword under which a phrase stands: the rarest of its words.
   std::vector<std::vector<FunctionRequirements>> functionsWithRequirements_;
   /// Phrases without a word: "6 : 60".
