@@ -42,6 +42,13 @@ def corpus_lines(folder):
                 yield bytes([FIRST_LOCALE + place]), unescaped(row.split("\t")[0])
 
 
+def phrases_of(resources):
+    """The phrases of the functions, in the order in which the target numbers them."""
+    for path in sorted(resources.rglob("FunctionDescriptions.json")):
+        for entry in json.loads(path.read_text(encoding="utf-8")):
+            yield from entry["prototypeExpressions"]
+
+
 def write_seeds(folder, seeds):
     folder.mkdir(parents=True, exist_ok=True)
     names = set()
@@ -62,10 +69,20 @@ def write_dictionary(path, words):
     path.write_text("".join(entry(word) for word in sorted(words) if word), encoding="ascii")
 
 
+def chosen(phrases, number):
+    """The bytes that choose a whole phrase: its number, no word left out, and a value for each of its gaps."""
+    gaps = sum(word.startswith("__") or word[0].isdigit() for word in phrases[number].split())
+    return bytes([number % 256, number // 256, 0, *range(gaps)])
+
+
 def main():
     corpus, resources, output = map(pathlib.Path, sys.argv[1:4])
     lines = list(corpus_lines(corpus))
     write_seeds(output / "LineFuzzer", [where + flags + line for where, line in lines for flags in (USUAL_FLAGS, ALL_FLAGS)])
+    phrases = list(phrases_of(resources))
+    # Every tenth phrase, whole, and with the one behind it by its side.
+    pairs = [chosen(phrases, i) + b"\0" + chosen(phrases, i + 1) for i in range(0, len(phrases) - 1, 10)]
+    write_seeds(output / "PhraseFuzzer", [bytes([FIRST_LOCALE]) + USUAL_FLAGS + pair for pair in pairs])
     chunks = [lines[i:i + LINES_OF_A_PAGE] for i in range(0, len(lines), LINES_OF_A_PAGE)]
     write_seeds(output / "PageFuzzer", [page[0][0] + USUAL_FLAGS + b"\n".join(line for _, line in page) for page in chunks])
 
@@ -76,6 +93,7 @@ def main():
     write_seeds(output / "FixturesFuzzer", fixtures)
 
     words = {word for _, line in lines for word in line.split() if len(word) < 20}
+    words.update(word.encode() for phrase in phrases for word in phrase.split() if not word.startswith("__"))
     keys = set()
     for file in fixtures:
         for key, spellings in json.loads(file)["fixtures"].items():

@@ -15,11 +15,13 @@
 #include <utility>
 #include <vector>
 
+#include "TavrineCore/Calculator.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/StaticResouces.h"
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -218,11 +220,51 @@ TEST(PhraseTable, EveryPhraseCallsItsFunction) {
     ASSERT_TRUE(filledIn(phrase, Filling::number)) << "no sample for a gap of " << phrase;
     const bool hasLooseGap = std::any_of(phrase.begin(), phrase.end(), isDigit);
     for (const Filling filling : {Filling::number, Filling::amount, Filling::brackets}) {
-      if (filling != Filling::number && !hasLooseGap) break;
+      if (filling != Filling::number && (!hasLooseGap || !spelled.contains(phrase))) break;
       const std::optional<std::string> line = filledIn(phrase, filling);
       const std::optional<std::string> fault = line ? faultOf(function, *line, spelled.contains(phrase)) : std::nullopt;
       if (fault) ADD_FAILURE() << *fault;
     }
+  }
+}
+
+std::size_t nestingOf(const TokenList& list) {
+  std::size_t deepest = 0;
+  for (const Token& token : list) {
+    if (token.subtokens) deepest = std::max(deepest, 1 + nestingOf(*token.subtokens));
+  }
+  return deepest;
+}
+
+/// Keeps its text, within the bounds of nesting, and its evaluation comes to an end.
+void expectSound(const std::string& line) {
+  const TokenList list = tokensOf(line);
+  EXPECT_EQ(list.rebuiltExpression(), line);
+  EXPECT_LE(nestingOf(list), kMaximumNesting + 1) << line;
+  Calculator(EngineCustomization::usStandard()).calculate(line);
+}
+
+TEST(PhraseTable, PhrasesSideBySideAndInsideOfEachOtherStayBounded) {
+  const foundation::ScopedEnvironment world(worldAt("2026-06-10T09:30:00Z", "UTC", "en_US"));
+  const std::vector<Function> functions = FunctionVendor::functionsFor(EngineCustomization::usStandard());
+  constexpr std::size_t kPairs = 400;
+  constexpr std::size_t kStride = 7919;  // a prime, so that the partners differ
+  for (std::size_t i = 0; i < kPairs; ++i) {
+    const std::string& left = functions[i * functions.size() / kPairs].prototypeExpression;
+    const std::string& right = functions[i * kStride % functions.size()].prototypeExpression;
+    const auto first = filledIn(left, Filling::number);
+    const auto second = filledIn(right, Filling::brackets);
+    expectSound(first.value_or(left) + ' ' + second.value_or(right));
+  }
+  constexpr std::size_t kDepth = 100;
+  constexpr std::size_t kNested = 40;
+  for (std::size_t i = 0; i < kNested; ++i) {
+    const std::string& phrase = functions[i * functions.size() / kNested].prototypeExpression;
+    if (!phrase.ends_with(" 10")) continue;
+    const std::string head = filledIn(phrase.substr(0, phrase.size() - 2), Filling::number).value_or("half of ");
+    std::string line;
+    for (std::size_t depth = 0; depth < kDepth; ++depth) line += head;
+    expectSound(line + "80");
   }
 }
 
