@@ -9,5 +9,6 @@
 #include "TavrineCore/DefinedVariablesList.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
+#include "TavrineCore/Evaluation/TokenListForm.h"
 #include "TavrineCore/GlobalEngineState.h"
 #include "TavrineCore/ResultFormatting/FormattingPreferences.h"
