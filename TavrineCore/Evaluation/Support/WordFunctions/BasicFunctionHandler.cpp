@@ -1,14 +1,19 @@
 // Arithmetic in words: "half of 10", "15% off $30", "larger of 3 and 9". What a row writes with an operator behaves as
 // if the user had typed the operator, so that percentages, units and dates come out as they do there.
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 
 #include "Foundation/DecimalMath.h"
 #include "Foundation/Environment.h"
 #include "Foundation/RandomSource.h"
+#include "Foundation/Text.h"
 #include "TavrineCore/Evaluation/EvaluationError.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
@@ -132,6 +137,16 @@ Answer root(const Token& token, const Decimal& degree) {
   const std::optional<Decimal> value = decimalOf(token);
   if (!value) return std::nullopt;
   return EvaluationResult::decimal(DDDecimalNthRoot(*value, degree));
+}
+
+/// 4 for the word in "fourth root"; any other word says nothing of the degree, and a root is a square root then.
+std::optional<Decimal> degreeOf(const Token& token) {
+  if (!token.is(TokenType::literal)) return decimalOf(token);
+  constexpr auto kOrdinals = std::to_array<std::string_view>(
+      {"second", "third", "fourth", "fifth", "sixth", "seventh", "eighth", "ninth", "tenth"});
+  const std::string word = lowercased(token.stringValue);
+  const auto* found = std::find(kOrdinals.begin(), kOrdinals.end(), word);
+  return Decimal(found != kOrdinals.end() ? 2 + static_cast<int>(found - kOrdinals.begin()) : 2);
 }
 
 Answer logarithm(const Decimal& value, const Decimal& base) {
@@ -338,7 +353,10 @@ Answer evaluateBasicFunction(FunctionIdentifier identifier, Arguments arguments,
   if (arguments.size() != 2) return ofOtherCounts(identifier, arguments);
   const std::optional<Decimal> a = decimalOf(arguments[0]);
   const std::optional<Decimal> b = decimalOf(arguments[1]);
-  if (identifier == nthRoot) return a ? root(arguments[1], *a) : std::nullopt;
+  if (identifier == nthRoot) {
+    const std::optional<Decimal> degree = degreeOf(arguments[0]);
+    return degree ? root(arguments[1], *degree) : std::nullopt;
+  }
   if (a && b) {
     if (Answer answer = ofDecimals(identifier, arguments[0], *a, *b)) return answer;
   }
