@@ -48,6 +48,28 @@ TEST_F(HostFunctionTest, PhrasesAliasesAndTypesOfTheirOwn) {
   EXPECT_EQ(calculator.calculate("zorb (3 + 4) on planet nine").stringValue, "7");
 }
 
+TEST_F(HostFunctionTest, PrerequisiteTypesSpareOtherLines) {
+  CustomFunction::Fields fields;
+  fields.prototypeExpression = "zorb 10";
+  fields.handler = [](const std::vector<EvaluationResult>&) { return EvaluationResult::decimal(Decimal(77)); };
+  struct Row {
+    TokenTypeSet types;
+    std::string_view line;
+    std::string_view answer;
+  };
+  for (const Row& row : {
+           Row{{}, "zorb 5", "77"},
+           Row{{TokenType::percentage}, "zorb 5", "5"},
+           Row{{TokenType::percentage}, "zorb 5%", "77"},
+           Row{{TokenType::percentage}, "zorb 5 + 20%", "92.4"},
+           Row{{TokenType::percentage, TokenType::unitExpression}, "zorb 5%", "5%"},
+           Row{{TokenType::percentage, TokenType::unitExpression}, "5% of zorb 5 km", "3.85"},
+       }) {
+    fields.prerequisiteTypes = std::make_shared<const TokenTypeSet>(row.types);
+    EXPECT_EQ(Calculator(with(fields)).calculate(row.line).stringValue, row.answer) << row.line;
+  }
+}
+
 TEST_F(HostFunctionTest, BackgroundBlocks) {
   const auto answering = [](CustomFunction::Handler atOnce, CustomFunction::BackgroundHandler later) {
     CustomFunction::Fields fields;

@@ -180,6 +180,19 @@ TEST_F(ProviderTest, PlacesThatOnlyTheHostKnows) {
   EXPECT_FALSE(isPending("where is Paris"));
 }
 
+TEST_F(ProviderTest, TimesInPlacesThatOnlyTheHostKnows) {
+  const auto places = std::make_shared<MockPlaceDataProvider>(std::vector<PlaceData>{kLittleTown});
+  usePlaces(places);
+  for (const std::string_view line : {"time in Little Town", "what time is it in little town?"}) {
+    EXPECT_TRUE(isPending(line)) << line;
+    EXPECT_EQ(later(line).stringValue, "6:30 PM") << line;
+  }
+  EXPECT_EQ(later("time in Elsewhere").stringValue, "");
+  EXPECT_EQ(atOnce("time in Tokyo"), "6:30 PM");
+  usePlaces(nullptr);
+  EXPECT_EQ(atOnce("time in Little Town"), "");
+}
+
 TEST_F(ProviderTest, WeatherInPlacesThatOnlyTheHostKnows) {
   const auto weather = namesOfFunctions();
   usePlaces(std::make_shared<MockPlaceDataProvider>(std::vector<PlaceData>{kLittleTown}));

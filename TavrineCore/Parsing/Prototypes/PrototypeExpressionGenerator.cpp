@@ -65,10 +65,11 @@ bool appendPieces(const TokenList& list, PrototypeExpressionGenerator::MatchType
   return true;
 }
 
-std::optional<std::vector<Piece>> piecesOf(std::string_view expression,
+/// The phrase must not depend on the settings or the variables of the line that it comes from: `customization` is one
+/// of those that every line has.
+std::optional<std::vector<Piece>> piecesOf(std::string_view expression, EngineCustomization customization,
                                            PrototypeExpressionGenerator::MatchTypeHandler handler) {
-  // The phrase must not depend on the settings or the variables of the line that it comes from.
-  const Parser parser(EngineCustomization::basic());
+  const Parser parser(std::move(customization));
   std::vector<Piece> pieces;
   if (!appendPieces(parser.tokensFor(expression, VariableList()), handler, pieces)) return std::nullopt;
   return pieces;
@@ -92,14 +93,16 @@ bool definesFunction(const std::vector<Piece>& pieces) {
 
 std::optional<std::string> PrototypeExpressionGenerator::prototypeStringFrom(std::string_view expression,
                                                                              MatchTypeHandler matchTypeHandler) {
-  const std::optional<std::vector<Piece>> pieces = piecesOf(expression, matchTypeHandler);
+  const std::optional<std::vector<Piece>> pieces = piecesOf(expression, EngineCustomization::basic(), matchTypeHandler);
   if (!pieces) return std::nullopt;
   return phraseOf(*pieces);
 }
 
 std::optional<std::string> PrototypeExpressionGenerator::validCustomFunctionPrototypeStringFrom(
     std::string_view expression, MatchTypeHandler matchTypeHandler) {
-  const std::optional<std::vector<Piece>> pieces = piecesOf(expression, matchTypeHandler);
+  // With every currency: "50 dollars" is to be a gap for money.
+  const std::optional<std::vector<Piece>> pieces =
+      piecesOf(expression, EngineCustomization::standard(), matchTypeHandler);
   if (!pieces || !definesFunction(*pieces)) return std::nullopt;
   return phraseOf(*pieces);
 }
