@@ -1,19 +1,24 @@
 #include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <exception>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
 #include "Foundation/Diagnostics.h"
+#include "Foundation/Text.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/CustomFunctionSubstitutionUtility.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/WordFunctionHandlers.h"
 #include "TavrineCore/Evaluation/TokenEvaluation.h"
+#include "TavrineCore/Parsing/Tokens/AmountMetadata.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
@@ -28,14 +33,63 @@ std::vector<EvaluationResult> customArgumentsOf(const Token& call) {
   return results;
 }
 
+namespace {
+
+struct PartInWords {
+  std::string_view word;
+  int parts;
+};
+
+constexpr auto kPartsInWords = std::to_array<PartInWords>({
+    {"third", 3},
+    {"thirds", 3},
+    {"quarter", 4},
+    {"quarters", 4},
+    {"fourth", 4},
+    {"fourths", 4},
+    {"fifth", 5},
+    {"fifths", 5},
+    {"sixth", 6},
+    {"sixths", 6},
+    {"seventh", 7},
+    {"sevenths", 7},
+    {"eighth", 8},
+    {"eighths", 8},
+    {"ninth", 9},
+    {"ninths", 9},
+    {"tenth", 10},
+    {"tenths", 10},
+});
+
+/// What "a third of 90" and "two thirds of 90" take of the 90. No gap holds it: the words are those of the phrase.
+std::optional<Token> fractionInWords(const TokenList& phrase) {
+  Decimal count(1);
+  for (std::size_t i = 0; i < phrase.count(); ++i) {
+    const Token& token = phrase[i];
+    const std::string word = lowercased(token.stringValue);
+    const auto* part = std::find_if(kPartsInWords.begin(), kPartsInWords.end(),
+                                    [&word](const PartInWords& row) { return row.word == word; });
+    if (part != kPartsInWords.end()) {
+      return Token(TokenType::fraction, TokenSubType::notSpecified, token.stringValue, token.range, nullptr,
+                   std::make_shared<const FractionTokenMetadata>(Fraction{count / Decimal(part->parts), std::nullopt}));
+    }
+    if (token.is(TokenType::numberWord) && token.hasDecimalValue()) count = token.decimalValue();
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
 std::vector<Token> builtInArgumentsOf(const Token& call) {
   std::vector<Token> tokens;
   const auto* metadata = call.metadataAs<WordFunctionTokenMetadata>();
   if (metadata == nullptr || metadata->sequence == nullptr || !call.subtokens) return tokens;
-  for (CustomFunctionArgument& argument :
-       CustomFunctionSubstitutionUtility::functionArgumentsFor(*call.subtokens, *metadata->sequence,
-                                                               WordArguments::passed)) {
+  for (CustomFunctionArgument& argument : CustomFunctionSubstitutionUtility::functionArgumentsFor(
+           *call.subtokens, *metadata->sequence, WordArguments::passed)) {
     tokens.push_back(std::move(argument.matchedToken));
+  }
+  if (tokens.size() == 1 && call.functionIdentifier() == FunctionIdentifier::percentOf) {
+    if (std::optional<Token> fraction = fractionInWords(*call.subtokens)) tokens.insert(tokens.begin(), *fraction);
   }
   return tokens;
 }
