@@ -118,6 +118,23 @@ TEST(FunctionPass, BoundsTheNestingOfCalls) {
   }
 }
 
+TEST(FunctionPass, ReadsANameThatHasNothingToScaleAsAPlace) {
+  EngineCustomization customization = EngineCustomization::usStandard();
+  customization.setJavaScriptFunctions({TraditionalFunction{.name = "JFK"}, TraditionalFunction{.name = "boxM"}});
+  const auto typesOf = [&](std::string_view line) {
+    std::string types;
+    const StageObserver observer = [&](const Stage& stage, const TokenList& list, bool) {
+      if (stage.pass != "identifyFunctionExpressionsIn") return;
+      for (const Token& token : list) types += std::string(toString(token.type)) + ' ';
+    };
+    Parser(customization).tokensFor(line, VariableList(), observer);
+    return types;
+  };
+  EXPECT_EQ(typesOf("5 km JFK"), "functionExpression ");
+  EXPECT_EQ(typesOf("5 in JFK"), "number whitespace converterSymbol whitespace timezone ");
+  EXPECT_EQ(typesOf("5 in boxM"), "number whitespace converterSymbol whitespace functionName ");
+}
+
 TEST(FunctionPass, LeavesTheValueToAPhraseThatBeginsWithTheName) {
   const auto cases = std::to_array<ShapeCase>({
       {"round 44.5 to nearest 10", "round 44.5 to nearest 10"},

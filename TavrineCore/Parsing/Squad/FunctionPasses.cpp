@@ -12,6 +12,7 @@
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Functions/FunctionList.h"
+#include "TavrineCore/Customization/Places/PlaceList.h"
 #include "TavrineCore/Parsing/Helpers/Scalars.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
@@ -19,6 +20,7 @@
 #include "TavrineCore/Parsing/Squad/Nesting.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
@@ -149,15 +151,29 @@ class CallFinder {
     return TokenList::IndexRange{*next, hasSuffix ? *next + 1 : *next};
   }
 
-  /// "12 k", where the host has a function of that name.
+  /// "12 k", where the host has a function of that name. With nothing to scale it may still name a place.
   std::size_t fuseScaledValue(std::size_t name) {
     const std::optional<std::size_t> value = list_.indexBefore(name, true);
-    if (!value || !kScalableTypes.contains(list_[*value].type)) return name;
+    if (!value || !kScalableTypes.contains(list_[*value].type)) {
+      readAsPlace(name);
+      return name;
+    }
     while (nesting_.size() < list_.count() - *value) {
       nesting_.push_back(nestingOf(list_[list_.count() - 1 - nesting_.size()]));
     }
     fuse(name, {*value, *value}, {*value, name});
     return *value;
+  }
+
+  void readAsPlace(std::size_t name) {
+    const std::string& text = list_[name].stringValue;
+    std::optional<Place> place = context_.content.placeList->placeFor(text);
+    if (!place) place = AirportsList::runQuery(text);
+    if (!place) return;
+    Token token = TokenFactory::placeWith(*place);
+    token.stringValue = text;
+    token.range = list_[name].range;
+    list_.replaceAt(name, std::move(token));
   }
 
   /// One token over `call`, with the body in a subexpression of its own and what stands around it as it is.
