@@ -28,6 +28,7 @@
 #include "TavrineCore/Parsing/Squad/UnitTokens.h"
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
@@ -256,6 +257,29 @@ void joinHalvesOfSubstances(TokenList& list) {
   }
 }
 
+/// "(5 + 10)%" → one value, the percentage that the brackets come to, so that it can stand at the gap of a phrase.
+void joinPercentsOfBrackets(TokenList& list, std::size_t depth) {
+  if (!list.typesPrecheck({TokenType::subexpression, TokenType::percentageSymbol})) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    const auto brackets = list.indexBefore(i, /*ignoreWhitespace=*/true);
+    if (!list[i].is(TokenType::percentageSymbol) || !brackets || !list[*brackets].is(TokenType::subexpression))
+      continue;
+    if (depth + nestingOf(list[*brackets]) + 2 > kMaximumNesting) continue;
+    TokenSlice slice = list.slice(*brackets, i);
+    Token& sign = slice.tokens.back();
+    Token converter = TokenFactory::converterThatAppliesPercent();
+    converter.stringValue = sign.stringValue;
+    converter.range = sign.range;
+    converter.subtokens = TokenList::frozen({sign});
+    sign = std::move(converter);
+    list.replaceRun(*brackets, i, std::move(slice).embedInContainerToken(TokenType::subexpression));
+    TokenTypeSet types = list.typesEverPresent();
+    types.insert(TokenType::percentage);
+    list.replaceTypesCache(types);
+    i = *brackets;
+  }
+}
+
 /// Wraps the calls of the list and of those inside of it, inner lists first.
 void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
   for (std::size_t i = list.count(); i-- > 0;) {
@@ -273,6 +297,7 @@ void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor seque
   if (sequences.empty()) return;
   joinFractionsOfUnits(list);
   joinHalvesOfSubstances(list);
+  joinPercentsOfBrackets(list, depth);
   CallWrapper(list, context, depth).wrap(sequences);
 }
 

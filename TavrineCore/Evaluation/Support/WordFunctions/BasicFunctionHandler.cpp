@@ -110,14 +110,11 @@ std::size_t argumentCountOf(FunctionIdentifier identifier) {
 
 Token number(int value) { return TokenFactory::numberWith(Decimal(value)); }
 
-/// What the word alone counts: one mile in "half a mile", 12 in "half a dozen".
+/// What the word alone counts: one mile in "half a mile".
 Token amountOf(const Token& token) {
   if (token.is(TokenType::unit)) {
     if (const std::optional<TCUnit> unit = token.unitValue())
       return TokenFactory::unitExpressionWith(Decimal(1), *unit);
-  }
-  if (token.is(TokenType::numberWord)) {
-    if (const std::optional<Decimal> value = decimalOf(token)) return TokenFactory::numberWith(*value);
   }
   return token;
 }

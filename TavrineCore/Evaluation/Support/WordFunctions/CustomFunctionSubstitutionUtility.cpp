@@ -9,6 +9,7 @@
 #include "TavrineCore/Parsing/Tokens/EvaluationSeam.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
@@ -42,6 +43,8 @@ Token valueOf(const Token& token) {
   if (const std::optional<Variable> variable = token.variable()) {
     if (std::optional<Token> value = tokenOfDefinition(*variable)) return *std::move(value);
   }
+  // At a gap "fifty" is the number, whatever it would be elsewhere in the line.
+  if (token.is(TokenType::numberWord) && token.hasDecimalValue()) return TokenFactory::numberWith(token.decimalValue());
   return token.evaluated();
 }
 
