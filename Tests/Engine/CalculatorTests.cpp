@@ -78,6 +78,28 @@ TEST_F(CalculatorTest, PassedVariablesAreCalculatedOnceAndKept) {
   EXPECT_EQ(list->find("rent")->definition->decimalValue(), Decimal(500));
 }
 
+TEST_F(CalculatorTest, VariablesStandInTheGapsOfPhrases) {
+  Calculator calculator(EngineCustomization::standard());
+  const auto list = variables("price", "$30 + $20");
+  list->setVariable(Variable("n", "25", VariableType::global));
+  list->setVariable(Variable("cut", "10%", VariableType::global));
+  Variable rent("monthly rent", "800", VariableType::global);
+  rent.isPhrase = true;
+  list->setVariable(rent);
+  for (const auto& [line, want] : std::initializer_list<std::pair<std::string_view, std::string_view>>{
+           {"20% of price", "$10.00"},
+           {"half of (price + $10)", "$30.00"},
+           {"n is what % of 200", "12.5%"},
+           {"half of 20% of price", "$5.00"},
+           {"20% off monthly rent", "640"},
+           {"half of cut", "5%"},
+           {"cut of 50", "5"},
+           {"cut off price", "$45.00"},
+       }) {
+    EXPECT_EQ(calculator.calculate(line, list).stringValue, want) << line;
+  }
+}
+
 TEST_F(CalculatorTest, VariablesThatNameThemselvesEnd) {
   Calculator calculator(EngineCustomization::standard());
   const auto list = variables("a", "b + 1");
