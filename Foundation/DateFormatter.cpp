@@ -242,7 +242,7 @@ PatternFormatter* formatterFor(const Locale& locale, std::string_view what, Patt
 // What is asked for, as part of a key: a mark, then the pattern or the styles as digits.
 
 PatternFormatter* formatterWithPattern(const Locale& locale, std::string_view pattern) {
-  return formatterFor(locale, "p" + std::string(pattern), [](const icu::Locale&, std::string_view what) {
+  return formatterFor(locale, std::string("p").append(pattern), [](const icu::Locale&, std::string_view what) {
     return icu::UnicodeString::fromUTF8(std::string(what.substr(1)));
   });
 }
