@@ -39,7 +39,10 @@ bool sameProviders(const EngineCustomization& left, const EngineCustomization& r
 }  // namespace
 
 EngineContent::EngineContent(const EngineCustomization& customization)
-    : functionList([customization] { return FunctionList(FunctionVendor::functionsFor(customization)); }),
+    : functionList([customization] {
+        return FunctionList(FunctionVendor::prototypesFor(customization),
+                            {.variants = true, .placesOfProvider = customization.placeDataProvider() != nullptr});
+      }),
       customFunctionsList([customization] { return CustomFunctionsList(customization.customFunctions()); }),
       traditionalFunctionList([customization] { return TraditionalFunctionList(customization.javaScriptFunctions()); }),
       dateWordsList([locale = customization.locale()] { return dateWordsFor(locale); }),

@@ -11,9 +11,11 @@ namespace tavrine {
 /// The phrases of the built-in functions that a customization knows. Read-only, shared between threads.
 class FunctionList {
  public:
-  explicit FunctionList(std::vector<Function> functions) : numericalKeywordMapper_(std::move(functions)) {}
+  explicit FunctionList(std::vector<Function> functions, PhraseWordings wordings = {})
+      : numericalKeywordMapper_(std::move(functions), wordings) {}
 
-  /// By rank: of two phrases that end at the same word, the one that stands first here counts.
+  /// Without their other wordings. By rank: of two phrases that end at the same word, the one that stands first here
+  /// counts.
   [[nodiscard]] const std::vector<Function>& functions() const { return numericalKeywordMapper_.indexedFunctions(); }
   [[nodiscard]] const NumericalFunctionKeywords& numericalKeywordMapper() const { return numericalKeywordMapper_; }
 

@@ -130,9 +130,14 @@ void appendWeatherVariants(const Function& function, std::vector<Function>& vari
 
 }  // namespace
 
+std::vector<Function> FunctionVariantsGenerator::formsOf(const Function& function) {
+  std::vector<Function> forms{function};
+  if (weatherFunctionIdentifiers.contains(function.identifier)) appendWeatherVariants(function, forms);
+  return forms;
+}
+
 std::vector<Function> FunctionVariantsGenerator::variantsOf(const Function& function) {
   std::vector<Function> variants{function};
-  if (weatherFunctionIdentifiers.contains(function.identifier)) appendWeatherVariants(function, variants);
   for (const WordGroup& group : kWordGroups) {
     if (!group.functions.contains(function.identifier)) continue;
     const std::string_view original = group.words.front();
@@ -147,6 +152,15 @@ std::vector<Function> FunctionVariantsGenerator::variantsOf(const Function& func
     }
   }
   return variants;
+}
+
+void FunctionVariantsGenerator::forEachReplacement(
+    FunctionRef<void(std::string_view word, std::string_view original)> visit) {
+  for (const WordGroup& group : kWordGroups) {
+    for (const std::string_view word : std::span(group.words).subspan(1)) {
+      if (!word.empty()) visit(word, group.words.front());
+    }
+  }
 }
 
 }  // namespace tavrine

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <deque>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -37,24 +35,6 @@ std::size_t gapForPlaceOfProvider(std::string_view phrase) {
   return isAnnounced ? place : std::string_view::npos;
 }
 
-/// Phrases in the order in which they come; of two equal ones the first stays.
-class PhraseCollector {
- public:
-  explicit PhraseCollector(std::size_t usualCount) { seen_.reserve(usualCount); }
-
-  void add(std::string phrase, FunctionIdentifier identifier) {
-    Function& function = functions_.emplace_back(Function{std::move(phrase), identifier});
-    if (!seen_.insert(function.prototypeExpression).second) functions_.pop_back();
-  }
-  [[nodiscard]] std::vector<Function> functions() && {
-    return {std::move_iterator(functions_.begin()), std::move_iterator(functions_.end())};
-  }
-
- private:
-  std::deque<Function> functions_;  // which stay where they are, for the views
-  std::unordered_set<std::string_view> seen_;
-};
-
 /// The phrases of one entry, those of more words first: of two that end at the same word the longer one says more.
 std::vector<const std::string*> longestFirst(const std::vector<std::string>& phrases) {
   struct Measured {
@@ -82,36 +62,54 @@ FunctionIdentifierSet FunctionVendor::disabledFunctionsBasedOn(const EngineCusto
   return disabled;
 }
 
-std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& customization) {
+std::vector<Function> FunctionVendor::prototypesFor(const EngineCustomization& customization) {
   const FunctionIdentifierSet disabled = disabledFunctionsBasedOn(customization);
-  const bool placesCanBeAskedFor = customization.placeDataProvider() != nullptr;
-
-  constexpr std::size_t kUsualCount = 8000;
-  PhraseCollector collector(kUsualCount);
-  const auto addWithSpellings = [&](std::string phrase, FunctionIdentifier identifier) {
-    std::string plain;
-    if (!isAscii(phrase)) plain = strippingDiacritics(phrase);
-    std::string withPlaceOfProvider;
-    const std::size_t place = placesCanBeAskedFor ? gapForPlaceOfProvider(phrase) : std::string::npos;
-    if (place != std::string::npos) {
-      withPlaceOfProvider = phrase;
-      withPlaceOfProvider.replace(place, kPlace.size(), kPlaceOfProvider);
-    }
-    collector.add(std::move(phrase), identifier);
-    if (!plain.empty()) collector.add(std::move(plain), identifier);
-    if (!withPlaceOfProvider.empty()) collector.add(std::move(withPlaceOfProvider), identifier);
-  };
-
   const auto descriptions = StaticResouces::localizedFunctions();
+  std::vector<Function> functions;
+  std::size_t count = 0;
+  for (const FunctionDescription& description : *descriptions) count += description.prototypeExpressions.size();
+  functions.reserve(count);
   for (const FunctionDescription& description : *descriptions) {
     if (disabled.contains(description.identifier)) continue;
     for (const std::string* phrase : longestFirst(description.prototypeExpressions)) {
-      for (Function& variant : FunctionVariantsGenerator::variantsOf({*phrase, description.identifier})) {
-        addWithSpellings(std::move(variant.prototypeExpression), variant.identifier);
+      for (Function& form : FunctionVariantsGenerator::formsOf({*phrase, description.identifier})) {
+        std::string plain;
+        if (!isAscii(form.prototypeExpression)) plain = strippingDiacritics(form.prototypeExpression);
+        functions.push_back(std::move(form));
+        if (!plain.empty()) functions.push_back({std::move(plain), description.identifier});
       }
     }
   }
-  return std::move(collector).functions();
+  return functions;
+}
+
+std::vector<Function> FunctionVendor::dynamicPlaceVariantsFrom(std::vector<Function> functions) {
+  std::vector<Function> result;
+  result.reserve(functions.size());
+  for (Function& function : functions) {
+    const std::size_t place = gapForPlaceOfProvider(function.prototypeExpression);
+    result.push_back(std::move(function));
+    if (place == std::string::npos) continue;
+    Function withPlaceOfProvider = result.back();
+    withPlaceOfProvider.prototypeExpression.replace(place, kPlace.size(), kPlaceOfProvider);
+    result.push_back(std::move(withPlaceOfProvider));
+  }
+  return result;
+}
+
+std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& customization) {
+  std::vector<Function> functions;
+  for (const Function& prototype : prototypesFor(customization)) {
+    for (Function& variant : FunctionVariantsGenerator::variantsOf(prototype)) functions.push_back(std::move(variant));
+  }
+  if (customization.placeDataProvider() != nullptr) functions = dynamicPlaceVariantsFrom(std::move(functions));
+
+  std::unordered_set<std::string_view> seen;
+  std::vector<Function> distinct;  // of two equal phrases the first stays
+  for (const Function& function : functions) {
+    if (seen.insert(function.prototypeExpression).second) distinct.push_back(function);
+  }
+  return distinct;
 }
 
 }  // namespace tavrine

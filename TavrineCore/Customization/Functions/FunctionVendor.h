@@ -15,6 +15,12 @@ struct FunctionVendor {
   /// without those of disabled functions and without repetitions.
   [[nodiscard]] static std::vector<Function> functionsFor(const EngineCustomization& customization);
 
+  /// The same without the variants, for those who make them when they are needed.
+  [[nodiscard]] static std::vector<Function> prototypesFor(const EngineCustomization& customization);
+
+  /// The functions, each that names a zone followed by the same for a place that only the host knows.
+  [[nodiscard]] static std::vector<Function> dynamicPlaceVariantsFrom(std::vector<Function> functions);
+
   /// What the feature flags disable, and what needs a host's source of weather where there is none.
   [[nodiscard]] static FunctionIdentifierSet disabledFunctionsBasedOn(const EngineCustomization& customization);
 };

@@ -3,11 +3,15 @@
 #include <algorithm>
 #include <cstddef>
 #include <span>
+#include <unordered_map>
 #include <utility>
 
+#include "Foundation/SerialQueue.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Functions/CustomType.h"
+#include "TavrineCore/Customization/Functions/FunctionVariantsGenerator.h"
+#include "TavrineCore/Customization/Functions/FunctionVendor.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
@@ -22,6 +26,11 @@ bool isOneAsciiWord(std::string_view text) {
 }
 
 bool isSmallLetter(char c) { return c >= 'a' && c <= 'z'; }
+
+void sortWithoutRepetitions(std::vector<std::uint32_t>& numbers) {
+  std::sort(numbers.begin(), numbers.end());
+  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+}
 
 /// Hands out the words of the phrase; its placeholders are none. Thousands of phrases are cut when the list is made,
 /// and nearly all are in small letters of English, whose words are parts of the phrase itself.
@@ -63,44 +72,71 @@ void appendWordsOf(std::string_view text, std::vector<std::string>& words) {
   endWord(text.size());
 }
 
-NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> functions)
-    : indexedFunctions_(std::move(functions)) {
+/// Read and filled by all threads that use the index.
+class NumericalFunctionKeywords::WordingCache {
+ public:
+  /// What `make` gives the first time; it stays where it is.
+  const std::vector<Wording>& wordingsOf(std::size_t rank, FunctionRef<std::vector<Wording>()> make) {
+    return *accessQueue_.sync([&] {
+      const auto [entry, isNew] = byRank_.try_emplace(rank);
+      if (isNew) entry->second = make();
+      return &entry->second;
+    });
+  }
+
+ private:
+  SerialQueue accessQueue_{"Phrase Wordings Access Queue"};
+  std::unordered_map<std::size_t, std::vector<Wording>> byRank_;
+};
+
+NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> functions, PhraseWordings wordings)
+    : indexedFunctions_(std::move(functions)), kinds_(wordings), wordings_(std::make_shared<WordingCache>()) {
   constexpr std::size_t kUsualWords = 6;  // of a phrase
   keywordsOfPhrases_.reserve(kUsualWords * indexedFunctions_.size());
-  std::vector<std::size_t> ends;  // of each phrase, in the list of all their keywords
-  ends.reserve(indexedFunctions_.size());
-  std::vector<std::size_t> uses;
+  ends_.reserve(indexedFunctions_.size());
   for (const Function& function : indexedFunctions_) {
     const auto first = static_cast<std::ptrdiff_t>(keywordsOfPhrases_.size());
-    visitWordsOf(function.prototypeExpression, [&](std::string_view word) {
-      auto entry = keywordNumbersForKeywords_.find(word);
-      if (entry == keywordNumbersForKeywords_.end()) {
-        entry = keywordNumbersForKeywords_.emplace(word, static_cast<KeywordNumber>(uses.size())).first;
-        uses.push_back(0);
-      }
-      keywordsOfPhrases_.push_back(entry->second);
-    });
+    visitWordsOf(function.prototypeExpression,
+                 [&](std::string_view word) { keywordsOfPhrases_.push_back(numberOfKeyword(word)); });
     std::sort(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end());
     keywordsOfPhrases_.erase(std::unique(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end()),
                              keywordsOfPhrases_.end());
-    for (auto keyword = keywordsOfPhrases_.begin() + first; keyword != keywordsOfPhrases_.end(); ++keyword)
-      ++uses[*keyword];
-    ends.push_back(keywordsOfPhrases_.size());
+    ends_.push_back(keywordsOfPhrases_.size());
   }
-
+  if (kinds_.variants) {
+    FunctionVariantsGenerator::forEachReplacement([&](std::string_view word, std::string_view original) {
+      const KeywordNumber number = numberOfKeyword(word);
+      const auto found = keywordNumbersForKeywords_.find(original);
+      // "%" is no word, and stands in no index.
+      replacements_.push_back({number, found == keywordNumbersForKeywords_.end() ? number : found->second});
+    });
+    std::sort(replacements_.begin(), replacements_.end(),
+              [](const Replacement& left, const Replacement& right) { return left.word < right.word; });
+  }
   keywords_ = WordFilter::ofKeys(keywordNumbersForKeywords_);
+
+  std::vector<std::size_t> uses(keywordNumbersForKeywords_.size());
+  for (const KeywordNumber keyword : keywordsOfPhrases_) ++uses[keyword];
   functionsWithRequirements_.resize(uses.size());
   for (std::size_t i = 0; i < indexedFunctions_.size(); ++i) {
-    const std::size_t first = i == 0 ? 0 : ends[i - 1];
-    if (first == ends[i]) {
+    const std::size_t first = i == 0 ? 0 : ends_[i - 1];
+    if (first == ends_[i]) {
       wordlessFunctions_.push_back(i);
       continue;
     }
-    const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends[i] - first);
+    const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends_[i] - first);
     const KeywordNumber rarest = *std::min_element(keywords.begin(), keywords.end(),
                                                    [&](KeywordNumber a, KeywordNumber b) { return uses[a] < uses[b]; });
     functionsWithRequirements_[rarest].push_back({i, first, keywords.size()});
   }
+}
+
+NumericalFunctionKeywords::KeywordNumber NumericalFunctionKeywords::numberOfKeyword(std::string_view word) {
+  const auto found = keywordNumbersForKeywords_.find(word);
+  if (found != keywordNumbersForKeywords_.end()) return found->second;
+  const auto number = static_cast<KeywordNumber>(keywordNumbersForKeywords_.size());
+  keywordNumbersForKeywords_.emplace(word, number);
+  return number;
 }
 
 std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords::keywordNumbersIn(
@@ -118,28 +154,84 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
       }
     }
   }
-  std::sort(numbers.begin(), numbers.end());
-  numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+  sortWithoutRepetitions(numbers);
   return numbers;
+}
+
+std::span<const NumericalFunctionKeywords::Replacement> NumericalFunctionKeywords::replacementsBy(
+    KeywordNumber word) const {
+  const auto isBefore = [](const Replacement& replacement, KeywordNumber number) { return replacement.word < number; };
+  const auto first = std::lower_bound(replacements_.begin(), replacements_.end(), word, isBefore);
+  const auto last = std::lower_bound(first, replacements_.end(), word + 1, isBefore);
+  return {first, last};
+}
+
+std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords::withOriginals(
+    const std::vector<KeywordNumber>& present) const {
+  std::vector<KeywordNumber> all = present;
+  for (const KeywordNumber word : present) {
+    for (const Replacement& replacement : replacementsBy(word)) all.push_back(replacement.original);
+  }
+  sortWithoutRepetitions(all);
+  return all;
+}
+
+std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vector<KeywordNumber>& words) const {
+  std::vector<std::size_t> ranks = wordlessFunctions_;
+  for (const KeywordNumber keyword : words) {
+    for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
+      const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
+      if (std::includes(words.begin(), words.end(), keywords.begin(), keywords.end())) {
+        ranks.push_back(function.functionIndex);
+      }
+    }
+  }
+  std::sort(ranks.begin(), ranks.end());
+  return ranks;
+}
+
+std::vector<NumericalFunctionKeywords::Wording> NumericalFunctionKeywords::wordingsOf(const Function& function) const {
+  std::vector<Function> functions =
+      kinds_.variants ? FunctionVariantsGenerator::variantsOf(function) : std::vector<Function>{function};
+  if (kinds_.placesOfProvider) functions = FunctionVendor::dynamicPlaceVariantsFrom(std::move(functions));
+  functions.erase(functions.begin());  // the phrase itself, which the index holds
+  std::vector<Wording> wordings;
+  wordings.reserve(functions.size());
+  for (Function& wording : functions) {
+    std::vector<KeywordNumber> keywords;
+    visitWordsOf(wording.prototypeExpression, [&](std::string_view word) {
+      const auto found = keywordNumbersForKeywords_.find(word);
+      if (found != keywordNumbersForKeywords_.end()) keywords.push_back(found->second);
+    });
+    sortWithoutRepetitions(keywords);
+    wordings.push_back({std::move(wording), std::move(keywords)});
+  }
+  return wordings;
 }
 
 std::vector<const Function*> NumericalFunctionKeywords::wordFunctionsWorthScanningForIn(
     const TokenList& tokenList, const EngineFeatureFlags& featureFlags) const {
   if (!featureFlags.wordFunctions) return {};
   const std::vector<KeywordNumber> present = keywordNumbersIn(tokenList);
-  std::vector<std::size_t> ranks = wordlessFunctions_;
-  for (const KeywordNumber keyword : present) {
-    for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
-      const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
-      if (std::includes(present.begin(), present.end(), keywords.begin(), keywords.end())) {
-        ranks.push_back(function.functionIndex);
-      }
+  const bool saysOtherWords =
+      std::any_of(present.begin(), present.end(), [this](KeywordNumber word) { return !replacementsBy(word).empty(); });
+  std::vector<const Function*> functions;
+  if (!saysOtherWords && !kinds_.placesOfProvider) {
+    for (const std::size_t rank : ranksWithin(present)) functions.push_back(&indexedFunctions_[rank]);
+    return functions;
+  }
+
+  const auto isSaid = [&present](std::span<const KeywordNumber> keywords) {
+    return std::includes(present.begin(), present.end(), keywords.begin(), keywords.end());
+  };
+  for (const std::size_t rank : ranksWithin(withOriginals(present))) {
+    const Function& function = indexedFunctions_[rank];
+    const std::size_t first = rank == 0 ? 0 : ends_[rank - 1];
+    if (isSaid(std::span(keywordsOfPhrases_).subspan(first, ends_[rank] - first))) functions.push_back(&function);
+    for (const Wording& wording : wordings_->wordingsOf(rank, [&] { return wordingsOf(function); })) {
+      if (isSaid(wording.keywords)) functions.push_back(&wording.function);
     }
   }
-  std::sort(ranks.begin(), ranks.end());
-  std::vector<const Function*> functions;
-  functions.reserve(ranks.size());
-  for (const std::size_t rank : ranks) functions.push_back(&indexedFunctions_[rank]);
   return functions;
 }
 
