@@ -12,8 +12,26 @@ class Forwarder : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Forward
  public:
   Forwarder(const rapidjson::MemoryStream& stream, JsonEventHandler& handler) : stream_(stream), handler_(handler) {}
 
-  bool Default() { return true; }
-  bool RawNumber(const char*, rapidjson::SizeType, bool) { return true; }
+  bool Null() {
+    handler_.literal(/*isNull=*/true);
+    return true;
+  }
+  bool Bool(bool) {
+    handler_.literal(/*isNull=*/false);
+    return true;
+  }
+  bool RawNumber(const char* text, rapidjson::SizeType size, bool) {
+    handler_.number({text, size});
+    return true;
+  }
+  bool StartArray() {
+    handler_.arrayBegins();
+    return true;
+  }
+  bool EndArray(rapidjson::SizeType) {
+    handler_.arrayEnds();
+    return true;
+  }
   // The iterative reader tells of a bracket before it takes it.
   bool StartObject() {
     handler_.objectBegins(stream_.Tell());

@@ -19,6 +19,12 @@ class JsonEventHandler {
   virtual void key(std::string_view name) = 0;
   /// `end`: behind the closing quotation mark.
   virtual void string(std::string_view value, std::size_t end) = 0;
+  virtual void arrayBegins() {}
+  virtual void arrayEnds() {}
+  /// As it is written.
+  virtual void number(std::string_view /*digits*/) {}
+  /// null, true or false.
+  virtual void literal(bool /*isNull*/) {}
 };
 
 /// Walks the whole text. Gives what is wrong with it; empty for a text in order. Refused is what `Json::parse` refuses,

@@ -297,7 +297,7 @@ std::string EvaluationTree::ASTDescription(std::uint32_t root) const {
   while (true) {
     const EvaluationNode& node = nodes_[index];
     result += node.operationToken->stringValue;
-    if (node.rightArgument.isPresent()) result += " " + describe(node.rightArgument);
+    if (node.rightArgument.isPresent()) result.append(" ").append(describe(node.rightArgument));
     result += ")";
     if (index == root) return result;
     index = node.parent;

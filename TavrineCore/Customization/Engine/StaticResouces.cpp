@@ -9,6 +9,7 @@
 #include "Foundation/Json.h"
 #include "Foundation/SerialQueue.h"
 #include "Foundation/Text.h"
+#include "TavrineCore/Customization/Engine/FlatRows.h"
 #include "TavrineCore/Customization/Places/PlaceRows.h"
 #include "TavrineCore/Customization/Places/PlaceWords.h"
 
@@ -73,55 +74,36 @@ std::shared_ptr<const Content> contentNamed(std::string_view fileName, ResourceR
   return content == nullptr ? std::make_shared<const Content>() : content;
 }
 
-/// The strings of the array under the key, or nothing when that is no array of strings.
-std::optional<std::vector<std::string>> stringsOf(const Json& object, std::string_view key) {
-  const Json* const member = object.find(key);
-  const Json::Array* const elements = member == nullptr ? nullptr : member->asArray();
-  if (elements == nullptr) return std::nullopt;
-  std::vector<std::string> result;
-  result.reserve(elements->size());
-  for (const Json& element : *elements) {
-    const std::string* const text = element.asString();
-    if (text == nullptr) return std::nullopt;
-    result.push_back(*text);
-  }
-  return result;
-}
-
-const std::string* stringOf(const Json& object, std::string_view key) {
-  const Json* const member = object.find(key);
-  return member == nullptr ? nullptr : member->asString();
-}
-
-std::optional<UnitDescription> unitDescriptionFrom(const Json& object) {
-  const std::string* const symbol = stringOf(object, "symbol");
-  auto aliases = stringsOf(object, "aliases");
-  const std::string* const name = stringOf(object, "identifier");
+std::optional<UnitDescription> unitDescriptionFrom(FlatRow& row) {
+  std::string* const symbol = row.stringOf("symbol");
+  std::vector<std::string>* const aliases = row.stringsOf("aliases");
+  const std::string* const name = row.stringOf("identifier");
   const auto identifier = name == nullptr ? std::nullopt : unitIdentifierNamed(*name);
-  if (symbol == nullptr || !aliases || !identifier) return std::nullopt;
+  if (symbol == nullptr || aliases == nullptr || !identifier) return std::nullopt;
 
-  UnitDescription result{.symbol = *symbol, .aliases = *std::move(aliases), .associatedUnitIdentifier = *identifier};
-  if (const Json* const equivalence = object.find("equivalence"); equivalence != nullptr && !equivalence->isNull()) {
-    const std::string* const digits = equivalence->asNumberText();
-    if (digits != nullptr) result.equivalence = Decimal::parse(*digits);
+  UnitDescription result{
+      .symbol = std::move(*symbol), .aliases = std::move(*aliases), .associatedUnitIdentifier = *identifier};
+  const FlatMember* const equivalence = row.find("equivalence");
+  if (equivalence != nullptr && equivalence->kind != FlatMember::Kind::null) {
+    if (equivalence->kind == FlatMember::Kind::number) result.equivalence = Decimal::parse(equivalence->texts.front());
     if (!result.equivalence) return std::nullopt;
   }
   return result;
 }
 
-std::optional<UnitShorthand> unitShorthandFrom(const Json& object) {
-  auto aliases = stringsOf(object, "aliases");
-  const std::string* const identifier = stringOf(object, "identifier");
-  if (!aliases || identifier == nullptr) return std::nullopt;
-  return UnitShorthand{.aliases = *std::move(aliases), .identifier = *identifier};
+std::optional<UnitShorthand> unitShorthandFrom(FlatRow& row) {
+  std::vector<std::string>* const aliases = row.stringsOf("aliases");
+  const std::string* const identifier = row.stringOf("identifier");
+  if (aliases == nullptr || identifier == nullptr) return std::nullopt;
+  return UnitShorthand{.aliases = std::move(*aliases), .identifier = *identifier};
 }
 
-std::optional<FunctionDescription> functionDescriptionFrom(const Json& object) {
-  auto phrases = stringsOf(object, "prototypeExpressions");
-  const std::string* const name = stringOf(object, "identifier");
+std::optional<FunctionDescription> functionDescriptionFrom(FlatRow& row) {
+  std::vector<std::string>* const phrases = row.stringsOf("prototypeExpressions");
+  const std::string* const name = row.stringOf("identifier");
   const auto identifier = name == nullptr ? std::nullopt : functionIdentifierNamed(*name);
-  if (!phrases || !identifier) return std::nullopt;
-  return FunctionDescription{.identifier = *identifier, .prototypeExpressions = *std::move(phrases)};
+  if (phrases == nullptr || !identifier) return std::nullopt;
+  return FunctionDescription{.identifier = *identifier, .prototypeExpressions = std::move(*phrases)};
 }
 
 std::string errorOf(const JsonParseResult& parsed) {
@@ -130,19 +112,14 @@ std::string errorOf(const JsonParseResult& parsed) {
 
 /// A file that is an array, each element of which `decode` understands.
 template <typename Element>
-DecodedResource<std::vector<Element>> elementsFrom(std::string_view bytes,
-                                                   std::optional<Element> (*decode)(const Json&)) {
-  const JsonParseResult parsed = Json::parse(bytes);
-  if (!parsed) return {std::nullopt, errorOf(parsed)};
-  const Json::Array* const elements = parsed.value->asArray();
-  if (elements == nullptr) return {std::nullopt, "no array"};
+DecodedResource<std::vector<Element>> elementsFrom(std::string_view bytes, std::optional<Element> (*decode)(FlatRow&)) {
   std::vector<Element> result;
-  result.reserve(elements->size());
-  for (const Json& element : *elements) {
-    auto decoded = decode(element);
-    if (!decoded) return {std::nullopt, "entry " + std::to_string(result.size()) + " is no good"};
-    result.push_back(*std::move(decoded));
-  }
+  std::string error = readFlatRows(bytes, [&](FlatRow& row) {
+    auto decoded = decode(row);
+    if (decoded) result.push_back(*std::move(decoded));
+    return decoded.has_value();
+  });
+  if (!error.empty()) return {std::nullopt, std::move(error)};
   return {std::move(result), {}};
 }
 
