@@ -245,15 +245,17 @@ void joinHalvesOfSubstances(TokenList& list) {
     }
     if (!unit || !list[*unit].is(TokenType::unit)) continue;
     const auto article = list.indexBefore(*unit, /*ignoreWhitespace=*/true);
-    const auto half = article ? list.indexBefore(*article, /*ignoreWhitespace=*/true) : std::nullopt;
+    if (!article || (list[*article].stringValue != "a" && list[*article].stringValue != "an")) continue;
+    const auto half = list.indexBefore(*article, /*ignoreWhitespace=*/true);
+    if (!half || lowercased(list[*half].stringValue) != "half") continue;
+    const std::size_t first = *half;
     const std::optional<TCUnit> counted = list[*unit].unitValue();
-    if (!half || !counted || lowercased(list[*half].stringValue) != "half") continue;
-    if (list[*article].stringValue != "a" && list[*article].stringValue != "an") continue;
+    if (!counted) continue;
     list.replaceRun(
-        *half, *unit,
-        unitExpressionToken(list.slice(*half, *unit), *counted, NumberTokenMetadata(Decimal(1) / Decimal(2)),
+        first, *unit,
+        unitExpressionToken(list.slice(first, *unit), *counted, NumberTokenMetadata(Decimal(1) / Decimal(2)),
                             /*prefersCompound=*/false));
-    i = *half;
+    i = first;
   }
 }
 
