@@ -1,10 +1,12 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
 
+#include <cstddef>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Foundation/Environment.h"
 #include "Foundation/Locale.h"
@@ -56,6 +58,45 @@ class PhraseCache {
   std::size_t maximumCount_;
 };
 
+/// The phrases of built-in functions together with the functions that they call. A line asks for many at a time, most
+/// of which it doesn't say in the end: one that is known costs a look into a table.
+class CallCache {
+ public:
+  /// In the order of the functions; null for one that isn't known yet.
+  [[nodiscard]] std::vector<PrototypeSequenceRef> knownFor(std::span<const Function* const> functions) const {
+    const bool isChinese = Locale::current().isChinese();
+    return accessQueue_.sync([&] {
+      const Calls& calls = isChinese ? chineseCalls_ : calls_;
+      std::vector<PrototypeSequenceRef> known;
+      known.reserve(functions.size());
+      for (const Function* function : functions) {
+        const auto found = calls.find(function->prototypeExpression);
+        const bool isKnown = found != calls.end() && found->second->functionIdentifier() == function->identifier;
+        known.push_back(isKnown ? found->second : nullptr);
+      }
+      return known;
+    });
+  }
+
+  void keep(const Function& function, const PrototypeSequenceRef& call) {
+    const bool isChinese = Locale::current().isChinese();
+    accessQueue_.sync(
+        [&] { return (isChinese ? chineseCalls_ : calls_).try_emplace(function.prototypeExpression, call).second; });
+  }
+
+ private:
+  using Calls = StringMap<PrototypeSequenceRef>;
+
+  SerialQueue accessQueue_{"wordFuctionCallAccessQueue"};
+  Calls calls_;
+  Calls chineseCalls_;  // Chinese text is cut in other places
+};
+
+CallCache& callCache() {
+  static CallCache cache;
+  return cache;
+}
+
 PhraseCache& wordFunctionSequenceCache() {
   static PhraseCache cache("wordFuctionAccessQueue", std::numeric_limits<std::size_t>::max());
   return cache;
@@ -82,12 +123,14 @@ PrototypeSequenceRef phraseOfVariable(std::string_view name) {
 }  // namespace
 
 std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function* const> functions) {
-  std::vector<PrototypeSequenceRef> sequences;
-  sequences.reserve(functions.size());
-  for (const Function* function : functions) {
+  std::vector<PrototypeSequenceRef> sequences = callCache().knownFor(functions);
+  for (std::size_t i = 0; i < functions.size(); ++i) {
+    if (sequences[i] != nullptr) continue;
+    const Function& function = *functions[i];
     const PrototypeSequenceRef phrase =
-        wordFunctionSequenceCache().phraseFor(function->prototypeExpression, phraseOfFunction);
-    sequences.push_back(phrase->withMetadata(*function));
+        wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction);
+    sequences[i] = phrase->withMetadata(function);
+    callCache().keep(function, sequences[i]);
   }
   return sequences;
 }
