@@ -5,8 +5,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # Optimising, g++ 12 sees overlapping copies inside std::string where there are none.
   add_compile_options(-Wno-restrict)
 endif()
-# Smaller programs start faster and need less memory.
-string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 if(TAVRINE_WARNINGS_AS_ERRORS)
   add_compile_options(-Werror)
 endif()
