@@ -214,7 +214,7 @@ class Checker:
             if letter in words:
                 self.tell(name, f"{where} holds {letter}, which makes something else of the line")
         typed = set(re.findall(r"__\w+", phrase)) - {"__any_word", "__decimal"}
-        if not typed and not re.search(r"\w", re.sub(r"\d", "", words)):
+        if not typed and not re.search(r"[\w!]", re.sub(r"\d", "", words)):
             self.tell(name, f"{where} is all gaps that take anything")
         for fixture in self.fixtures_with_numbers():
             if re.search(rf"(?<!\w){re.escape(fixture)}(?!\w)", phrase):

@@ -11,15 +11,22 @@
 #include <utility>
 #include <vector>
 
+#include "Foundation/Calendar.h"
 #include "Foundation/Diagnostics.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/CustomFunctionSubstitutionUtility.h"
+#include "TavrineCore/Evaluation/Support/WordFunctions/HandlerArithmetic.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/WordFunctionHandlers.h"
 #include "TavrineCore/Evaluation/TokenEvaluation.h"
+#include "TavrineCore/Parsing/Primitives/CalendarEnvironment.h"
+#include "TavrineCore/Parsing/Primitives/Datestamp.h"
+#include "TavrineCore/Parsing/Prototypes/PrototypeSequence.h"
+#include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
 #include "TavrineCore/Parsing/Tokens/AmountMetadata.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
@@ -73,10 +80,101 @@ std::optional<Token> fractionInWords(const TokenList& phrase) {
       return Token(TokenType::fraction, TokenSubType::notSpecified, token.stringValue, token.range, nullptr,
                    std::make_shared<const FractionTokenMetadata>(Fraction{count / Decimal(part->parts), std::nullopt}));
     }
-    if (token.is(TokenType::numberWord) && token.hasDecimalValue()) count = token.decimalValue();
+    const bool isCount = token.is(TokenType::numberWord) || token.is(TokenType::number);
+    if (isCount && token.hasDecimalValue()) count = token.decimalValue();
   }
   return std::nullopt;
 }
+
+bool says(const TokenList& phrase, std::string_view word) {
+  return std::any_of(phrase.begin(), phrase.end(),
+                     [word](const Token& token) { return lowercased(token.stringValue) == word; });
+}
+
+/// "tomorrow's weather in Paris": the day, which no gap holds.
+std::optional<Token> dayOwning(const TokenList& phrase) {
+  struct Owner {
+    std::string_view word;
+    int daysFromToday;
+    DatestampType type;
+  };
+  static constexpr auto kOwners = std::to_array<Owner>({{"today's", 0, DatestampType::today},
+                                                        {"today’s", 0, DatestampType::today},
+                                                        {"tomorrow's", 1, DatestampType::tomorrow},
+                                                        {"tomorrow’s", 1, DatestampType::tomorrow}});
+  const std::string first = phrase.count() == 0 ? std::string() : lowercased(phrase[0].stringValue);
+  const auto* owner =
+      std::find_if(kOwners.begin(), kOwners.end(), [&first](const Owner& row) { return row.word == first; });
+  if (owner == kOwners.end()) return std::nullopt;
+  const Calendar calendar = Calendar::current();
+  constexpr std::int64_t kNoon = 12;
+  const auto day = calendar.dateByAdding(Calendar::Component::day, owner->daysFromToday,
+                                         calendar.startOfDay(foundation::Date::now()));
+  const auto noon = day ? calendar.dateByAdding(Calendar::Component::hour, kNoon, *day) : std::nullopt;
+  if (!noon) return std::nullopt;
+  return TokenFactory::datestampWith({.date = *noon, .type = owner->type, .timezone = calendar.timeZone()},
+                                     CalendarEnvironment(calendar));
+}
+
+/// What a phrase without a gap is about: "what time is it", "what day is it".
+std::optional<Token> hereOrNow(FunctionIdentifier identifier) {
+  const Calendar calendar = Calendar::current();
+  switch (identifier) {
+    case FunctionIdentifier::timeInTimezone:
+    case FunctionIdentifier::dateInTimezone:
+      return TokenFactory::timezoneWith(calendar.timeZone());
+    case FunctionIdentifier::dayOfWeekOnDate:
+      return TokenFactory::datestampWith(
+          {.date = foundation::Date::now(), .type = DatestampType::now, .timezone = calendar.timeZone()},
+          CalendarEnvironment(calendar));
+    default:
+      return std::nullopt;
+  }
+}
+
+bool isGap(const TokenPrototype& prototype) {
+  const bool isBlank = prototype.kind() == TokenPrototype::Kind::type &&
+                       static_cast<const TypeTokenPrototype&>(prototype).type() == TokenType::whitespace;
+  return !isBlank && prototype.kind() != TokenPrototype::Kind::literal;
+}
+
+/// What a phrase hands over besides its gaps: words of its own, or the one value in a second place.
+void addUntoldArguments(const PrototypeSequence& sequence, FunctionIdentifier identifier, const TokenList& phrase,
+                        std::vector<Token>& arguments) {
+  if (std::none_of(sequence.prototypes().begin(), sequence.prototypes().end(),
+                   [](const auto& prototype) { return isGap(*prototype); })) {
+    if (std::optional<Token> subject = hereOrNow(identifier)) arguments.push_back(*std::move(subject));
+    return;
+  }
+  if (weatherFunctionIdentifiers.contains(identifier)) {
+    if (std::optional<Token> day = dayOwning(phrase)) arguments.push_back(*std::move(day));
+    return;
+  }
+  if (arguments.size() != 1) return;
+  switch (identifier) {
+    case FunctionIdentifier::percentOf:
+      if (std::optional<Token> fraction = fractionInWords(phrase)) arguments.insert(arguments.begin(), *fraction);
+      break;
+    case FunctionIdentifier::calendarUnitExpressionBeforeDate:
+    case FunctionIdentifier::calendarUnitExpressionAfterDate:
+      // "day after tomorrow": one day of the word.
+      if (const Token* unit = phrase.firstTokenOfType(TokenType::unit)) arguments.insert(arguments.begin(), *unit);
+      break;
+    case FunctionIdentifier::multipliedBy: {
+      const bool isThreefold = says(phrase, "cubed") || says(phrase, "cube");
+      arguments.push_back(isThreefold ? product(arguments[0], arguments[0]) : arguments[0]);
+      break;
+    }
+    case FunctionIdentifier::permutation:  // all of them in all orders: the factorial
+      arguments.push_back(arguments[0]);
+      break;
+    default:
+      break;
+  }
+}
+
+/// Functions for which any word only fills the line: "3 shirts at $15 each".
+constexpr FunctionIdentifierSet kWithoutWords{FunctionIdentifier::multipliedBy, FunctionIdentifier::dividedBy};
 
 }  // namespace
 
@@ -84,13 +182,13 @@ std::vector<Token> builtInArgumentsOf(const Token& call) {
   std::vector<Token> tokens;
   const auto* metadata = call.metadataAs<WordFunctionTokenMetadata>();
   if (metadata == nullptr || metadata->sequence == nullptr || !call.subtokens) return tokens;
-  for (CustomFunctionArgument& argument : CustomFunctionSubstitutionUtility::functionArgumentsFor(
-           *call.subtokens, *metadata->sequence, WordArguments::passed)) {
+  const FunctionIdentifier identifier = metadata->function.identifier;
+  const WordArguments words = kWithoutWords.contains(identifier) ? WordArguments::leftOut : WordArguments::passed;
+  for (CustomFunctionArgument& argument :
+       CustomFunctionSubstitutionUtility::functionArgumentsFor(*call.subtokens, *metadata->sequence, words)) {
     tokens.push_back(std::move(argument.matchedToken));
   }
-  if (tokens.size() == 1 && call.functionIdentifier() == FunctionIdentifier::percentOf) {
-    if (std::optional<Token> fraction = fractionInWords(*call.subtokens)) tokens.insert(tokens.begin(), *fraction);
-  }
+  addUntoldArguments(*metadata->sequence, identifier, *call.subtokens, tokens);
   return tokens;
 }
 
@@ -128,8 +226,19 @@ std::vector<std::size_t> placesIn(std::string_view phrase, std::size_t argumentC
   return places.size() == argumentCount ? places : std::vector<std::size_t>();
 }
 
+/// "how far ahead is Tokyo of London" counts from the place that is named last.
+bool countsFromTheLast(const Function& function) {
+  const std::string_view phrase = function.prototypeExpression;
+  constexpr auto kPhrases =
+      std::to_array<std::string_view>({"ahead is __timezone", "__timezone ahead of", "behind __timezone is"});
+  return function.identifier == FunctionIdentifier::differenceBetweenTimezones &&
+         std::any_of(kPhrases.begin(), kPhrases.end(),
+                     [phrase](std::string_view words) { return phrase.find(words) != std::string_view::npos; });
+}
+
 /// The arguments in the places that the phrase gives them.
 std::vector<Token> inPlacesOf(const Function& function, std::vector<Token> arguments) {
+  if (arguments.size() == 2 && countsFromTheLast(function)) std::swap(arguments[0], arguments[1]);
   const std::vector<std::size_t> places = placesIn(function.prototypeExpression, arguments.size());
   if (places.empty()) return arguments;
   std::vector<Token> ordered(arguments.size());

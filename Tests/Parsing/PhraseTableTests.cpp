@@ -185,6 +185,7 @@ bool mayCall(FunctionIdentifier own, std::optional<FunctionIdentifier> called) {
 constexpr auto kForOtherLines = std::to_array<std::string_view>({
     "__datestamp __duration ago",  // 2000 in "2000 days ago" is a year
     "adjust 10 from 10 to today",  // a year stands there, and a sum of money
+    "10!",                         // beside words the sign is an exclamation mark
     "root of 10",                  // the word in front is asked for the degree: "fourth root of 10"
 });
 

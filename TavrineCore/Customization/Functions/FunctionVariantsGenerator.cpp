@@ -106,6 +106,14 @@ constexpr auto kTailsOfWeatherBehindPlace = std::to_array<std::string_view>({
     " for __datestamp",
 });
 
+/// Whose weather it is, where the day isn't told by a date: "tomorrow's weather in Paris".
+constexpr auto kOwnersOfWeather = std::to_array<std::string_view>({
+    "today's ",
+    "tomorrow's ",
+    "today’s ",
+    "tomorrow’s ",
+});
+
 /// Whether the words can stand behind a name: "Paris humidity", but not "Paris is it humid".
 bool isNounOfWeather(std::string_view words) {
   constexpr auto kQuestions = std::to_array<std::string_view>({"is", "does", "will", "do", "how", "it", "when"});
@@ -131,7 +139,15 @@ void appendWeatherVariants(const Function& function, std::vector<Function>& vari
 }  // namespace
 
 std::vector<Function> FunctionVariantsGenerator::formsOf(const Function& function) {
-  std::vector<Function> forms{function};
+  std::vector<Function> forms;
+  const std::string_view phrase = function.prototypeExpression;
+  if (weatherFunctionIdentifiers.contains(function.identifier) && phrase.ends_with(kPlaceOfWeather) &&
+      isNounOfWeather(phrase)) {
+    for (const std::string_view owner : kOwnersOfWeather) {
+      forms.push_back({std::string(owner).append(phrase), function.identifier});
+    }
+  }
+  forms.push_back(function);
   if (weatherFunctionIdentifiers.contains(function.identifier)) appendWeatherVariants(function, forms);
   return forms;
 }

@@ -10,8 +10,8 @@ namespace tavrine {
 
 /// Says a phrase in other words: "annual repayment on 10" as "yearly payment on 10" too.
 struct FunctionVariantsGenerator {
-  /// The function itself, first, and what its phrase looks like with other gaps: questions about the weather may name
-  /// the place and the day in many ways.
+  /// The function itself, and what its phrase looks like with other words around it, what holds it first: questions
+  /// about the weather may name the place and the day in many ways.
   [[nodiscard]] static std::vector<Function> formsOf(const Function& function);
   /// The function itself, first, and its variants with other words.
   [[nodiscard]] static std::vector<Function> variantsOf(const Function& function);

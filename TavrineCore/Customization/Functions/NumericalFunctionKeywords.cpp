@@ -18,11 +18,16 @@ namespace tavrine {
 
 namespace {
 
-/// Scripts that are written without blanks between words.
-bool standsAlone(char32_t scalar) { return scalar >= 0x2E80 && scalar < 0xAC00; }
+/// Scripts that are written without blanks between words; and the sign of a factorial, by which its phrase is found.
+bool standsAlone(char32_t scalar) { return scalar == U'!' || (scalar >= 0x2E80 && scalar < 0xAC00); }
 
 bool isOneAsciiWord(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); });
+}
+
+/// "45", but not "three", which phrases hold as a word.
+bool isNumberInDigits(const Token& token) {
+  return token.is(TokenType::number) && !isOneAsciiWord(std::string_view(token.stringValue).substr(0, 1));
 }
 
 bool isSmallLetter(char c) { return c >= 'a' && c <= 'z'; }
@@ -61,11 +66,12 @@ void appendWordsOf(std::string_view text, std::vector<std::string>& words) {
   };
   for (std::size_t i = 0; i < text.size();) {
     const DecodedScalar scalar = decodeScalar(text, i);
-    const bool isLetter = isAlphabetic(scalar.scalar);
-    if (!isLetter || standsAlone(scalar.scalar)) {
+    const bool isAlone = standsAlone(scalar.scalar);
+    const bool isWord = isAlone || isAlphabetic(scalar.scalar);
+    if (!isWord || isAlone) {
       endWord(i);
       start = i + scalar.length;
-      if (isLetter) words.emplace_back(text.substr(i, scalar.length));
+      if (isWord) words.emplace_back(text.substr(i, scalar.length));
     }
     i += scalar.length;
   }
@@ -144,7 +150,7 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
   std::vector<KeywordNumber> numbers;
   std::vector<std::string> words;
   for (const Token& token : tokenList) {
-    if (token.is(TokenType::whitespace) || token.is(TokenType::number)) continue;
+    if (token.is(TokenType::whitespace) || isNumberInDigits(token)) continue;
     if (isOneAsciiWord(token.stringValue) && !keywords_.mayContain(token.stringValue)) continue;
     words.clear();
     appendWordsOf(token.stringValue, words);

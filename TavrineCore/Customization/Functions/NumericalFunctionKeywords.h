@@ -88,7 +88,7 @@ class NumericalFunctionKeywords {
 };
 
 /// The words of a phrase or of a line, in lower case: runs of letters. Letters of scripts that put no blanks between
-/// words are words of their own.
+/// words are words of their own, and so is "!".
 void appendWordsOf(std::string_view text, std::vector<std::string>& words);
 
 }  // namespace tavrine

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Functions/FunctionList.h"
@@ -83,12 +84,23 @@ class CallFinder {
     if (nameType_ == TokenType::functionName && endsWithScalar(list_[name])) return fuseScaledValue(name);
     const std::optional<TokenList::IndexRange> body = bodyOf(name);
     if (!body) return name;
-    if (!beginsPhrase(name, *body)) {
+    const bool isWord = saysHowToRound(name, *body);
+    if (!isWord && !beginsPhrase(name, *body)) {
       fuse(name, *body, {name, body->last});
-    } else if (body->first != body->last) {
-      foldBrackets(name, *body);
+      return name;
     }
+    if (body->first != body->last) foldBrackets(name, *body);
+    if (isWord) list_.replaceAt(name, Token(TokenType::wordComment, list_[name].stringValue, list_[name].range));
     return name;
+  }
+
+  /// Whether the name is the verb of "round 3.14159 to 2 dp": the places are the answer, and no whole number.
+  [[nodiscard]] bool saysHowToRound(std::size_t name, TokenList::IndexRange body) const {
+    if (lowercased(list_[name].stringValue) != "round") return false;
+    const auto symbol = list_.indexAfter(body.last, /*ignoreWhitespace=*/true);
+    if (!symbol || !list_[*symbol].is(TokenType::converterSymbol)) return false;
+    const Token* target = list_.tokenAfter(*symbol, /*ignoreWhitespace=*/true);
+    return target != nullptr && target->is(TokenType::dpSpecifier);
   }
 
   /// Whether the name is the first word of a whole phrase, which then takes the value: "round 44.5 to nearest 10".

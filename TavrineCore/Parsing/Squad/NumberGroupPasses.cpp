@@ -85,6 +85,14 @@ void replaceByPercentage(TokenList& list, std::size_t number, std::size_t last) 
                       .embedInContainerToken(TokenType::percentage, TokenSubType::notSpecified, std::move(metadata)));
 }
 
+/// A word that counts nothing in "five apples" counts in "five percent".
+std::optional<std::size_t> numberBeforePercent(const TokenList& list, std::size_t percent) {
+  const auto number = list.indexBefore(percent, /*ignoreWhitespace=*/true);
+  if (!number) return std::nullopt;
+  const bool isWord = list[*number].is(TokenType::numberWord) && list[*number].hasDecimalValue();
+  return isWord || list[*number].is(TokenType::number) ? number : std::nullopt;
+}
+
 enum class PercentForm : bool { signDirectlyBehind, signBehindBlank };  // "10%", "10 %"
 
 /// The percent signs with a number in front, in this form, from the first to the last.
@@ -115,7 +123,7 @@ void identifyPercentages(TokenList& list, const PassContext&) {
   if (list.typePrecheck(TokenType::typeName)) {
     for (std::size_t i = list.count(); i-- > 0;) {
       if (!list[i].is(TokenType::typeName, TokenSubType::percentageTypeName)) continue;
-      const auto number = numberBefore(list, i);
+      const auto number = numberBeforePercent(list, i);
       if (!number) continue;
       replaceByPercentage(list, *number, i);
       i = *number;

@@ -268,7 +268,7 @@ constexpr auto kStages = std::to_array<Stage>({
     {"G13",
      "identifyPercentages",
      ParsePhase::groups,
-     {number},
+     kNothing,
      {percentageSymbol, typeName},
      nullptr,
      passes::identifyPercentages},

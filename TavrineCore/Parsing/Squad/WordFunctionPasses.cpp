@@ -84,7 +84,8 @@ class CallWrapper {
   CallWrapper(TokenList& list, const PassContext& context, std::size_t depth)
       : list_(list), context_(context), depth_(depth) {}
 
-  void wrap(const Sequences& candidates) {
+  /// Whether there was any.
+  bool wrap(const Sequences& candidates) {
     bool hasWrapped = false;
     Sequences sequences = candidates;
     drop(sequences);
@@ -103,6 +104,7 @@ class CallWrapper {
       end = std::min(list_.count(), match->slice.startIndex + longestOf(sequences));
     }
     if (hasWrapped) rebuildTypesCache();
+    return hasWrapped;
   }
 
  private:
@@ -124,6 +126,7 @@ class CallWrapper {
   [[nodiscard]] bool isPartOfProse(const PrototypeSequenceMatcher::Match& match) const {
     constexpr std::size_t mostTokens = 7;
     const auto& prototypes = match.sequence->prototypes();
+    if (prototypes.size() == 2 && match.slice.tokens[1].stringValue == "!") return isExclamation(match.slice.tokens[0]);
     if (prototypes.size() > mostTokens) return false;
     const bool hasGap = std::any_of(prototypes.begin(), prototypes.end(), [&match](const auto& prototype) {
       const auto at = static_cast<std::size_t>(&prototype - match.sequence->prototypes().data());
@@ -136,6 +139,14 @@ class CallWrapper {
     const auto isWord = [](const Token& token) { return token.is(TokenType::wordComment); };
     const auto words = std::count_if(list_.begin(), list_.end(), isWord);
     return words > std::count_if(match.slice.tokens.begin(), match.slice.tokens.end(), isWord);
+  }
+
+  /// "we won 5!" is glad of the 5; "5! / 3!" and "(2 + 1)!" are factorials.
+  [[nodiscard]] bool isExclamation(const Token& value) const {
+    if (!value.is(TokenType::number) && !value.is(TokenType::subexpression)) return true;
+    return std::any_of(list_.begin(), list_.end(), [](const Token& token) {
+      return token.is(TokenType::wordComment) && isAlphabetic(decodeScalar(token.stringValue, 0).scalar);
+    });
   }
 
   /// Whether the call could be made: it can't where calls would nest too deep.
@@ -183,6 +194,37 @@ class CallWrapper {
   const PassContext& context_;
   const std::size_t depth_;
 };
+
+/// "three and nine": fused into a number, but one that nobody says, for in English "and" joins to hundreds and more.
+bool joinsTwoNumbers(const Token& token) {
+  if (!token.is(TokenType::number) || !token.subtokens || token.subtokens->count() < 3) return false;
+  const Token* first = token.subtokens->first();
+  return first != nullptr && first->hasDecimalValue() && first->decimalValue() < Decimal(100) &&
+         token.subtokens->firstTokenOfType(TokenType::conjunctionWord) != nullptr;
+}
+
+/// Tries the phrases on "larger of three and nine" with two numbers in it; the list stays as it is where none wants
+/// them both. Whether one does.
+bool wrapWithNumbersApart(TokenList& list, const Sequences& sequences, const PassContext& context, std::size_t depth) {
+  if (std::none_of(list.begin(), list.end(), joinsTwoNumbers)) return false;
+  TokenList apart;
+  for (const Token& token : list) {
+    if (!joinsTwoNumbers(token)) {
+      apart.append(token);
+    } else {
+      for (const Token& part : *token.subtokens) apart.append(part);
+    }
+  }
+  apart.replaceTypesCache(list.typesEverPresent());
+  if (!CallWrapper(apart, context, depth).wrap(sequences)) return false;
+  const auto isJoint = [](const Token& token) { return token.is(TokenType::conjunctionWord); };
+  const auto conjunctionsIn = [&](const TokenList& tokens) {
+    return std::count_if(tokens.begin(), tokens.end(), isJoint);
+  };
+  if (conjunctionsIn(apart) > conjunctionsIn(list)) return false;
+  list = std::move(apart);
+  return true;
+}
 
 using SequencesFor = Sequences (*)(const TokenList& list, const PassContext& context);
 
@@ -300,6 +342,7 @@ void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor seque
   joinFractionsOfUnits(list);
   joinHalvesOfSubstances(list);
   joinPercentsOfBrackets(list, depth);
+  if (wrapWithNumbersApart(list, sequences, context, depth)) return;
   CallWrapper(list, context, depth).wrap(sequences);
 }
 

@@ -146,11 +146,14 @@ std::optional<Datestamp> momentAskedFor(const Token& token, bool asksForDay) {
 }
 
 /// Now on the clocks of a zone, as a time or as a day. A date that isn't now answers for itself, unless it is such as
-/// the "tomorrow" of "lunch time tomorrow", which asks nothing.
+/// the "tomorrow" of "lunch time tomorrow", which asks nothing. A number counts the seconds of unix time.
 Answer nowIn(Arguments arguments, bool asksForDay) {
   if (arguments.size() != 1) return std::nullopt;
   std::optional<Datestamp> result;
-  if (const auto zone = arguments[0].timeZoneValue()) {
+  if (arguments[0].is(TokenType::number)) {
+    const auto moment = datestampOfUnixTime(arguments[0].decimalValue());
+    return moment ? Answer(EvaluationResult::date(*moment)) : std::nullopt;
+  } else if (const auto zone = arguments[0].timeZoneValue()) {
     result = Datestamp{.date = Date::now(), .type = DatestampType::now, .timezone = *zone, .hasExplicitTimeZone = true};
   } else {
     result = momentAskedFor(arguments[0], asksForDay);
