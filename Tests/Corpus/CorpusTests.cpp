@@ -14,6 +14,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/ParsingController.h"
 #include "Tests/Support/CorpusFile.h"
+#include "Tests/Support/CorpusHost.h"
 #include "Tests/Support/Tiling.h"
 #include "Tests/Support/World.h"
 
@@ -31,7 +32,9 @@ std::vector<std::string> answersOf(const CorpusFile& file) {
       calculator = std::make_unique<Calculator>(c.settings.customization());
     }
     calculator->formattingPreferences = c.settings.preferences;
-    answers.push_back(calculator->calculate(c.line).stringValue);
+    answers.push_back(c.settings.hasHost
+                          ? calculator->calculateInBackground(c.line, corpusHostVariables()).get().stringValue
+                          : calculator->calculate(c.line).stringValue);
   }
   return answers;
 }

@@ -17,6 +17,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/ParsingController.h"
 #include "Tests/Support/CorpusFile.h"
+#include "Tests/Support/CorpusHost.h"
 #include "Tests/Support/World.h"
 
 // Every token type, stage, operand pair and converter occurs in the corpus, or stands in coverage-gaps.txt with the
@@ -52,9 +53,10 @@ std::set<std::string> occurrences() {
       if (!calculator || c.startsSession || !c.settings.remembers) {
         calculator = std::make_unique<Calculator>(c.settings.customization());
         for (const Variable& variable : declared.allVariables()) declared.clearVariable(variable.name);
+        if (c.settings.hasHost) declared.setVariables(corpusHostVariables()->allVariables());
       }
       calculator->formattingPreferences = c.settings.preferences;
-      calculator->calculate(c.line);
+      calculator->calculate(c.line, c.settings.hasHost ? corpusHostVariables() : nullptr);
       const StageObserver observer = [&seen](const Stage& stage, const TokenList& list, bool ran) {
         if (ran) seen.insert(nameOf(stage));
         noteTypes(list, seen);

@@ -10,6 +10,7 @@
 #include <sstream>
 
 #include "Foundation/Text.h"
+#include "Tests/Support/CorpusHost.h"
 
 namespace tavrine::testing {
 
@@ -116,6 +117,7 @@ bool applySetting(CorpusSettings& settings, std::string_view row) {
   if (name == "locale") return settings.locale = value, true;
   if (name == "zone") return settings.zone = value, true;
   if (name == "now") return settings.now = value, true;
+  if (name == "host" && (value == "on" || value == "off")) return settings.hasHost = value == "on", true;
   return applyPreference(settings.preferences, name, value);
 }
 
@@ -137,6 +139,7 @@ bool setFlag(EngineFeatureFlags& flags, std::string_view name, bool value) {
 
 EngineCustomization CorpusSettings::customization() const {
   EngineCustomization result = EngineCustomization::standardWith(Locale(locale));
+  if (hasHost) result = withCorpusHost(std::move(result));
   if (flagsOn.empty() && flagsOff.empty()) return result;
   result.changeFeatureFlags([this](EngineFeatureFlags& flags) {
     for (const bool value : {true, false}) {

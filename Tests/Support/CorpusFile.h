@@ -20,6 +20,8 @@ struct CorpusSettings {
   bool remembers = false;
   FormattingPreferences preferences;
   std::vector<std::string> flagsOn, flagsOff;
+  /// The host of CorpusHost.h; its lines are answered in the background.
+  bool hasHost = false;
 
   /// The customization of `EngineCustomization::standardWith(locale)` with the flags applied.
   EngineCustomization customization() const;
