@@ -231,6 +231,7 @@ Token bitwiseNot(const Token& operand) {
 }
 
 Token prefixed(const Token& operation, const Token& operand) {
+  if (pendingOrFailureToken({&operand, 1}) != nullptr) return operand;
   switch (operation.subType) {
     case TokenSubType::subtractionOperator:
     case TokenSubType::additionOperator:

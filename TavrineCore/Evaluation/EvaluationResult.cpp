@@ -221,6 +221,9 @@ std::size_t EvaluationResult::hash() const {
 const EvaluationResult* pendingOrFailureResult(std::span<const EvaluationResult> results) {
   for (const EvaluationResult& result : results) {
     if (result.is(Case::failed) || result.is(Case::pending)) return &result;
+    const List* list = result.as<Case::list>();
+    if (list == nullptr || list->members == nullptr) continue;
+    if (const EvaluationResult* member = pendingOrFailureResult(*list->members)) return member;
   }
   return nullptr;
 }

@@ -172,7 +172,7 @@ class EvaluationResult {
 static_assert(sizeof(EvaluationResult) == 2 * sizeof(void*));
 
 /// The first of the results that is `failed` or `pending`, if there is one: an evaluation that needs them all is to
-/// answer that.
+/// answer that. A list with such a member gives the member.
 const EvaluationResult* pendingOrFailureResult(std::span<const EvaluationResult> results);
 
 }  // namespace tavrine

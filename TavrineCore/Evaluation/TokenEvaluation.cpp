@@ -29,6 +29,10 @@ namespace {
 
 using TokenEvaluator = Token (*)(const Token&);
 
+/// Whether the answer waits for the background, or will never come: what needs the value then shares its fate, since
+/// taken for a number it would be 0.
+bool isHeldUp(const Token& value) { return pendingOrFailureToken({&value, 1}) != nullptr; }
+
 Token evaluateSubexpression(const Token& token) { return token.subtokens ? evaluate(*token.subtokens) : Token(); }
 
 std::optional<Token> evaluatedClause(const std::optional<TokenList>& clause) {
@@ -43,6 +47,7 @@ Token evaluateConditional(const Token& token) {
   if (!condition || keyword == nullptr) return Token();
 
   const Token value = evaluate(*condition);
+  if (isHeldUp(value)) return value;
   if (!value.is(TokenType::boolean)) return Token();
   const bool holds = value.subType == TokenSubType::true_;
 
@@ -83,7 +88,9 @@ Token evaluateFunctionExpression(const Token& token) {
 
   Token call = token;
   if (const Token* argument = token.subtokens->firstTokenOfType(TokenType::subexpression)) {
-    call.subtokens = TokenList::frozen(std::vector<Token>{*name, argument->evaluated()});
+    Token value = argument->evaluated();
+    if (isHeldUp(value)) return value;
+    call.subtokens = TokenList::frozen(std::vector<Token>{*name, std::move(value)});
   }
   return FunctionExpressionEvaluator::evaluateFunction(call).value_or(Token());
 }
@@ -150,6 +157,8 @@ Token evaluate(const TokenList& list) {
 const Token* pendingOrFailureToken(std::span<const Token> tokens) {
   for (const Token& token : tokens) {
     if (token.is(TokenType::pending) || token.is(TokenType::failed)) return &token;
+    if (!token.is(TokenType::list) || !token.subtokens) continue;
+    if (const Token* member = pendingOrFailureToken(token.subtokens->tokens())) return member;
   }
   return nullptr;
 }

@@ -16,7 +16,7 @@ inline constexpr TokenTypeSet kTypesToEvaluate{
 
 [[nodiscard]] inline bool evaluatesToItself(const Token& token) { return !kTypesToEvaluate.contains(token.type); }
 
-/// The first of the tokens that is `pending` or `failed`, if there is one.
+/// The first of the tokens that is `pending` or `failed`, if there is one; a list with such a member gives the member.
 [[nodiscard]] const Token* pendingOrFailureToken(std::span<const Token> tokens);
 
 }  // namespace tavrine

@@ -174,6 +174,7 @@ Shapes unitConversionSequences() {
   const auto read = [](Tokens tokens) { return conversion(tokens[0], tokens[1]); };
   return {
       {{a(TokenType::unitExpression), a(TokenSubType::unitConverter)}, read},
+      {{a(TokenType::compoundUnitExpression), a(TokenSubType::unitConverter)}, read},
       {{a(TokenType::timespan), a(TokenSubType::unitConverter)}, read},
       {{a(TokenType::wordFunction), a(TokenSubType::unitConverter)}, read},
       callRead<conversionIn>(),

@@ -94,6 +94,45 @@ TEST_F(HostFunctionTest, BackgroundBlocks) {
   EXPECT_TRUE(answering(leave, {})->calculateInBackground("zorb 7").get().isPendingResult());
 }
 
+TEST_F(HostFunctionTest, WhatNeedsACallWaitsForIt) {
+  CustomFunction::Fields fields;
+  fields.prototypeExpression = "zorb 10";
+  fields.handler = [](const std::vector<EvaluationResult>&) { return EvaluationResult::pending(); };
+  fields.backgroundHandler = [](const std::vector<EvaluationResult>& arguments, std::stop_token) {
+    return arguments.empty() ? EvaluationResult::failed() : sumOf(arguments);
+  };
+  Calculator calculator(with(fields));
+  fields.handler = [](const std::vector<EvaluationResult>&) { return EvaluationResult::failed(); };
+  Calculator failing(with(fields));
+  struct Row {
+    std::string line;
+    std::string_view answer;
+  };
+  for (const Row& row : std::vector<Row>{
+           {"half of zorb 8", "4"},
+           {"sqrt(zorb 9)", "3"},
+           {"round(zorb 7)", "7"},
+           {"average of 5, (zorb 3)", "4"},
+           {"average of (average of (zorb 1), (zorb 3)), 4", "3"},
+           {"if zorb 7 > 3 then 1 else 2", "1"},
+           {"zorb zorb 7", "7"},
+       }) {
+    EXPECT_TRUE(calculator.calculate(row.line).isPendingResult()) << row.line;
+    EXPECT_EQ(calculator.calculateInBackground(row.line).get().stringValue, row.answer) << row.line;
+    EXPECT_TRUE(failing.calculate(row.line).isFailedResult()) << row.line;
+  }
+}
+
+TEST_F(HostFunctionTest, BracketsAtGapsHoldPhrases) {
+  CustomFunction::Fields fields;
+  fields.prototypeExpression = "zorb 10 and 10";
+  fields.handler = sumOf;
+  Calculator calculator(with(fields));
+  EXPECT_EQ(calculator.calculate("zorb (half of 10) and (half of 20)").stringValue, "15");
+  EXPECT_EQ(calculator.calculate("zorb (zorb 1 and 2) and 3").stringValue, "6");
+  EXPECT_EQ(calculator.calculate("zorb sqrt(half of 8) and 3").stringValue, "5");
+}
+
 TEST_F(HostFunctionTest, ParametersOfPhrases) {
   const EngineCustomization customization = EngineCustomization::standardWith(Locale("en_US"));
   const auto numbersIn = [&](std::string_view line, std::vector<std::string> phrases) {
@@ -112,6 +151,7 @@ TEST_F(HostFunctionTest, ParametersOfPhrases) {
   EXPECT_EQ(numbersIn("half of 3", kMoves), "absent");
   EXPECT_EQ(numbersIn("move by 3", {}), "absent");
   EXPECT_EQ(numbersIn("stand still 5", {"stand still"}), "");
+  EXPECT_EQ(numbersIn("now please stand still", {"stand still"}), "");
 }
 
 }  // namespace

@@ -187,6 +187,7 @@ TEST_F(ProviderTest, TimesInPlacesThatOnlyTheHostKnows) {
     EXPECT_TRUE(isPending(line)) << line;
     EXPECT_EQ(later(line).stringValue, "6:30 PM") << line;
   }
+  EXPECT_EQ(later("3 hours ago in Little Town").stringValue, "3:30 PM");
   EXPECT_EQ(later("time in Elsewhere").stringValue, "");
   EXPECT_EQ(atOnce("time in Tokyo"), "6:30 PM");
   usePlaces(nullptr);

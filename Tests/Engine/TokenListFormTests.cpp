@@ -118,6 +118,7 @@ TEST_F(TokenListFormTest, TellsWhatALineAsks) {
            {"how many miles in 5 km", "convert 5 kilometers to miles"},
            {"how many feet in a mile", "convert 1 miles to feet"},
            {"5 km is how many miles", "convert 5 kilometers to miles"},
+           {"5 ft 3 in in cm", "convert 5.25 feet to centimeters"},
            {"3 hours in seconds", "convert 3 hours to seconds"},
            {"half of 10 km in miles", "convert 5 kilometers to miles"},
            {"5 km + 3 km in miles", "other"},

@@ -141,6 +141,10 @@ TEST(EvaluationResultTests, FirstOfThoseThatStopAnEvaluation) {
   const std::vector<Result> results = {Result::decimal(1), Result::failed(), Result::pending()};
   EXPECT_EQ(pendingOrFailureResult(results), &results[1]);
   EXPECT_EQ(pendingOrFailureResult(std::span(results).first(1)), nullptr);
+  const std::vector<Result> lists = {Result::list(List{}),
+                                     Result::list(List{std::make_shared<std::vector<Result>>(results)})};
+  ASSERT_NE(pendingOrFailureResult(lists), nullptr);
+  EXPECT_EQ(*pendingOrFailureResult(lists), Result::failed());
 }
 
 TEST(EvaluationErrorTests, SubtypesLeadBackToTheirErrors) {

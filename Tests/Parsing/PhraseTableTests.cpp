@@ -268,6 +268,9 @@ TEST(PhraseTable, PhrasesSideBySideAndInsideOfEachOtherStayBounded) {
     for (std::size_t depth = 0; depth < kDepth; ++depth) line += head;
     expectSound(line + "80");
   }
+  std::string lists = "5, 3";
+  for (std::size_t depth = 0; depth < kNested; ++depth) lists = "(average of " + lists + "), 5";
+  expectSound("average of " + lists);
 }
 
 TEST(PhraseTable, ProseCallsNothing) {

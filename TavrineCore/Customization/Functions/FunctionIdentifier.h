@@ -38,6 +38,7 @@ inline constexpr FunctionIdentifierSet additonalDynamicPlaceSupportedFunctions =
     FunctionIdentifier::longitudeOfPlace,
     FunctionIdentifier::latitudeOfPlace,
     FunctionIdentifier::distanceBetweenPlaces,
+    FunctionIdentifier::calendarUnitExpressionAgo,
 };
 
 /// The raw name: "halfOf".

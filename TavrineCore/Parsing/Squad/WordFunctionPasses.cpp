@@ -123,8 +123,10 @@ class CallWrapper {
 
   /// A few words without a gap, such as "week number" or "timestamp", ask for something where they stand for
   /// themselves. In "the best day of the year" they don't, and in "today in timestamp" they name what to convert into.
+  /// A host that has a phrase without a gap wants to hear of it wherever it is said.
   [[nodiscard]] bool isPartOfProse(const PrototypeSequenceMatcher::Match& match) const {
     constexpr std::size_t mostTokens = 7;
+    if (!match.sequence->functionIdentifier()) return false;
     const auto& prototypes = match.sequence->prototypes();
     if (prototypes.size() == 2 && match.slice.tokens[1].stringValue == "!") return isExclamation(match.slice.tokens[0]);
     if (prototypes.size() > mostTokens) return false;
@@ -324,19 +326,28 @@ void joinPercentsOfBrackets(TokenList& list, std::size_t depth) {
   }
 }
 
-/// Wraps the calls of the list and of those inside of it, inner lists first.
-void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
+void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth);
+
+/// Wraps the calls of the lists inside of the list. A call that is there already has its words, but what stands in
+/// brackets at its gaps is looked through.
+void wrapCallsInside(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
   for (std::size_t i = list.count(); i-- > 0;) {
     const Token& token = list[i];
-    if (!token.subtokens || !kListsWithPhrases.contains(token.type)) continue;
+    const bool isCall = token.is(TokenType::wordFunction);
+    if (!token.subtokens || !(isCall || kListsWithPhrases.contains(token.type))) continue;
     TokenList inside = *token.subtokens;
     const std::uint64_t before = inside.modificationCount();
-    wrapCallsIn(inside, context, sequencesFor, depth + 1);
+    (isCall ? wrapCallsInside : wrapCallsIn)(inside, context, sequencesFor, depth + 1);
     if (inside.modificationCount() == before) continue;
     Token edited = token;
     edited.subtokens = TokenList::frozen(std::move(inside));
     list.replaceAt(i, std::move(edited));
   }
+}
+
+/// Wraps the calls of the list and of those inside of it, inner lists first.
+void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
+  wrapCallsInside(list, context, sequencesFor, depth);
   Sequences sequences = sequencesFor(list, context);
   if (sequences.empty()) return;
   joinFractionsOfUnits(list);

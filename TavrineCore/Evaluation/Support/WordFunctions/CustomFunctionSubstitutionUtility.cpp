@@ -36,9 +36,20 @@ const TokenTypeSet CustomFunctionSubstitutionUtility::illegalArgumentTokenTypes 
 
 namespace {
 
+/// The list with the values of its members. Each use of a list works its members out, and with lists inside of lists
+/// that would double from one to the next.
+Token workedOut(Token list) {
+  std::vector<Token> members;
+  members.reserve(list.subtokens->count());
+  for (const Token& member : *list.subtokens) members.push_back(member.evaluated());
+  list.subtokens = TokenList::frozen(std::move(members));
+  return list;
+}
+
 /// The value of a variable, so that its name needs no looking up later. A tag stays what it is: it stands for its
 /// lines.
 Token valueOf(const Token& token) {
+  if (token.is(TokenType::list) && token.subtokens) return workedOut(token);
   if (token.is(TokenType::hashtag)) return token.evaluated();
   if (const std::optional<Variable> variable = token.variable()) {
     if (std::optional<Token> value = tokenOfDefinition(*variable)) return *std::move(value);
