@@ -6,6 +6,7 @@ generate_places.py [--check]
 """
 
 import base64
+import collections
 import re
 
 from resources import deliver, members, one_a_line, rows
@@ -26,12 +27,32 @@ CITIES_IN_ANY_CASE = {"anchorage", "angers", "bologna", "buffalo", "erode", "pho
 # Aliases that would take a common word from every line, or a city its name.
 DROPPED_ALIASES = {"CAR", "Cali"}
 
+# The states and provinces behind the cities that share their names with a larger one, by the codes of the post.
+# Indiana, Ontario and Oregon are left out: "Columbus in", "London on" and "Portland or" begin something else.
+POSTAL_CODES = {
+    "Alabama": "AL", "Alaska": "AK", "Arizona": "AZ", "Arkansas": "AR", "California": "CA", "Colorado": "CO",
+    "Connecticut": "CT", "Delaware": "DE", "Florida": "FL", "Georgia": "GA", "Hawaii": "HI", "Idaho": "ID",
+    "Illinois": "IL", "Iowa": "IA", "Kansas": "KS", "Kentucky": "KY", "Louisiana": "LA", "Maine": "ME",
+    "Maryland": "MD", "Massachusetts": "MA", "Michigan": "MI", "Minnesota": "MN", "Mississippi": "MS",
+    "Missouri": "MO", "Montana": "MT", "Nebraska": "NE", "Nevada": "NV", "New Hampshire": "NH", "New Jersey": "NJ",
+    "New Mexico": "NM", "New York": "NY", "North Carolina": "NC", "North Dakota": "ND", "Ohio": "OH",
+    "Oklahoma": "OK", "Pennsylvania": "PA", "Rhode Island": "RI", "South Carolina": "SC", "South Dakota": "SD",
+    "Tennessee": "TN", "Texas": "TX", "Utah": "UT", "Vermont": "VT", "Virginia": "VA", "Washington": "WA",
+    "West Virginia": "WV", "Wisconsin": "WI", "Wyoming": "WY", "Alberta": "AB", "British Columbia": "BC",
+    "Manitoba": "MB", "New Brunswick": "NB", "Newfoundland": "NL", "Nova Scotia": "NS", "Quebec": "QC",
+    "Saskatchewan": "SK",
+}
+
 # A word as the lexer cuts it: letters, with single apostrophes and points between letters; digits; any other sign.
 LEXEME = re.compile(r"[^\W\d_]+(?:['’.][^\W\d_]+)*['’]?|\d+|[^\s]")
 
 
+# "U.K.", which the lexer cuts into a word and a point.
+DOTTED = re.compile(r"(?:[A-Z]\.)+")
+
+
 def lexemes(name):
-    return LEXEME.findall(name.lower())
+    return [lexeme.lower() for lexeme in LEXEME.findall(name)]
 
 
 def longest_first(names):
@@ -41,11 +62,26 @@ def longest_first(names):
 
 def aliases_of(row):
     aliases = [alias for alias in members(row["aliases"]) if alias not in DROPPED_ALIASES]
+    if "," in row["name"]:  # the comma may be left out, so it can't be part of what is looked for
+        aliases.append(row["name"].replace(",", ""))
+    aliases += [alias[:-1] for alias in aliases if DOTTED.fullmatch(alias)]
+    aliases += [f"{city} {code}" for state, code in POSTAL_CODES.items()
+                for city in [row["name"].split(",")[0]] if f"{city} {state}" in aliases]
     # A place with aliases of several words is known by these alone.
     if any(len(lexemes(alias)) > 1 for alias in aliases) and len(lexemes(row["name"])) > 1 \
-            and row["name"] not in aliases and "dup" not in row["ambiguous"]:
+            and row["name"].replace(",", "") not in aliases and "dup" not in row["ambiguous"]:
         aliases.append(row["name"])
     return aliases
+
+
+def with_countries(cities):
+    """"London Canada" as well as "London Ontario", where the country has but one of the name."""
+    namesakes = collections.Counter((row["name"], row["country"]) for row in cities)
+    for row in cities:
+        if "dup" in row["ambiguous"] and row["aliases"] and namesakes[row["name"], row["country"]] == 1:
+            alias = f'{row["name"]} {row["country"]}'
+            row["aliases"] = "|".join(dict.fromkeys(members(row["aliases"]) + [alias]))
+    return cities
 
 
 def city(row):
@@ -133,7 +169,7 @@ def ordinary_words(cities, countries, states, airports):
 
 
 def main():
-    cities = rows("cities.tsv")
+    cities = with_countries(rows("cities.tsv"))
     countries = rows("countries.tsv")
     states = rows("states.tsv")
     airports = [row for row in rows("airports.tsv") if is_kept(row)]

@@ -208,7 +208,7 @@ TEST(PlaceListTest, CustomPlacesStandInForOthers) {
       PlaceList::standard(),
       {customPlace("Paris", "America/Chicago"), customPlace("New York", "Asia/Tokyo"),
        customPlace("San Francisco", "Asia/Seoul"), customPlace("office", "Europe/Rome", {{"Head Office", "HQ"}}),
-       customPlace("nice", "Asia/Tokyo")});
+       customPlace("Old Mill", "Europe/Oslo", {{"the river house"}}), customPlace("nice", "Asia/Tokyo")});
   struct Case {
     std::string_view text;
     std::string_view place;
@@ -222,6 +222,8 @@ TEST(PlaceListTest, CustomPlacesStandInForOthers) {
       {"OFFICE", "office Europe/Rome"},
       {"head office", "office Europe/Rome"},
       {"hq", "office Europe/Rome"},
+      {"old mill", "Old Mill Europe/Oslo"},
+      {"The River House", "Old Mill Europe/Oslo"},
       {"Tokyo", "Tokyo Asia/Tokyo"},
   };
   for (const Case& c : kCases) EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;

@@ -46,7 +46,7 @@ void PlaceList::cache(const Place& place) {
     addedPlaces_[lowercased(alias)] = shared;
   }
   std::vector<std::string> phrases = place.multiWordAliases();
-  if (phrases.empty() && leadingLexemesOf(place.name).areSeveral()) phrases.push_back(place.name);
+  if (leadingLexemesOf(place.name).areSeveral()) phrases.push_back(place.name);
   for (std::string& phrase : phrases) {
     const std::string firstWord = lowercased(leadingLexemesOf(phrase).first);
     std::vector<AddedPhrase>& known = addedPhrases_[firstWord];

@@ -44,8 +44,8 @@ class PlaceList {
   /// Told a name, how many tokens of the text say it; 0 for none.
   using ExtentOf = FunctionRef<std::size_t(std::string_view phrase)>;
   /// The place whose name of several lexemes covers most of a text that begins with these two lexemes; at equal extent
-  /// a place that was added, else the first one. A place with aliases of several lexemes is known by these alone. Reads
-  /// no table for words that begin no place.
+  /// a place that was added, else the first one. A place of the resources with aliases of several lexemes is known by
+  /// these alone, as another one has its name. Reads no table for words that begin no place.
   [[nodiscard]] std::optional<Place> placeOfPhrase(std::string_view firstLexeme, std::string_view secondLexeme,
                                                    ExtentOf extentOf) const;
 

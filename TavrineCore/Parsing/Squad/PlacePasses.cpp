@@ -27,9 +27,9 @@ namespace tavrine::passes {
 namespace {
 
 // What a name of several words can begin with: "St. Louis" begins like "1st" or like a unit, "Mar del Plata" like a
-// month.
+// month, "The Hague" with an article.
 constexpr TokenTypeSet kPhraseStarts{TokenType::unidentified, TokenType::ordinalSuffix, TokenType::dateWord,
-                                     TokenType::unit};
+                                     TokenType::unit, TokenType::grammerArticleWord};
 
 TokenMetadataRef metadataOf(const Place& place) {
   return std::make_shared<const TimezoneTokenMetadata>(place.timeZone, place);
@@ -43,25 +43,37 @@ void becomeSpecialDay(TokenList& list, std::size_t first, std::size_t last, Spec
   list.replace(list.slice(first, last), TokenType::specialDay, std::make_shared<const SpecialDayTokenMetadata>(type));
 }
 
-/// The tokens from the index on that say the words, white space between them included; 0 if they don't.
+using NextWord = std::optional<std::size_t> (*)(const TokenList& list, std::size_t index);
+
+std::optional<std::size_t> nextWord(const TokenList& list, std::size_t index) {
+  return list.indexAfter(index, /*ignoreWhitespace=*/true);
+}
+
+/// Past a comma that is written onto the word as well: "Portland, Maine" is "Portland Maine".
+std::optional<std::size_t> nextWordOfName(const TokenList& list, std::size_t index) {
+  const bool hasComma = index + 1 < list.count() && list[index + 1].is(TokenType::comma);
+  return nextWord(list, hasComma ? index + 1 : index);
+}
+
+/// The tokens from the index on that say the words, what stands between them included; 0 if they don't.
 template <class Words>
-std::size_t extentOf(const TokenList& list, std::size_t index, const Words& words) {
+std::size_t extentOf(const TokenList& list, std::size_t index, const Words& words, NextWord next) {
   std::optional<std::size_t> at = index;
   std::size_t last = index;
   for (const auto& word : words) {
     if (!at || !equalsIgnoringCase(list[*at].stringValue, word)) return 0;
     last = *at;
-    at = list.indexAfter(last, /*ignoreWhitespace=*/true);
+    at = next(list, last);
   }
   return last - index + 1;
 }
 
-std::size_t extentOfPhrase(const TokenList& list, std::size_t index, std::string_view phrase) {
+std::size_t extentOfName(const TokenList& list, std::size_t index, std::string_view name) {
   std::vector<std::string_view> words;
-  for (const Lexeme& lexeme : Lexer::lexemesFor(phrase, Locale::current())) {
-    if (lexeme.type != LexemeType::whitespace) words.push_back(lexeme.string);
+  for (const Lexeme& lexeme : Lexer::lexemesFor(name, Locale::current())) {
+    if (lexeme.type != LexemeType::whitespace && lexeme.string != ",") words.push_back(lexeme.string);
   }
-  return extentOf(list, index, words);
+  return extentOf(list, index, words, nextWordOfName);
 }
 
 /// "in", "at" or "to" behind a word or a time, where a place is likely: "time in nice", "5pm in nice". Behind an amount
@@ -80,6 +92,13 @@ bool standsBehindPlacePreposition(const TokenList& list, std::size_t index) {
 bool isInCapitals(std::string_view text) { return !containsLowercaseLetter(text); }
 
 bool beginsWithCapital(std::string_view text) { return !text.empty() && !isLowercased(firstCluster(text)); }
+
+/// Where a name with its article begins: "the UK".
+std::size_t startWithArticle(const TokenList& list, std::size_t index) {
+  const auto article = list.indexBefore(index, /*ignoreWhitespace=*/true);
+  const bool isThere = article && list[*article].subType == TokenSubType::definiteGrammarArticleWord;
+  return isThere ? *article : index;
+}
 
 /// Whether a word is meant as the name that it is. Codes are told by their capitals, names by the first letter.
 bool isMeantAsName(const TokenList& list, std::size_t index, const PlaceList& places, bool isCode) {
@@ -142,13 +161,13 @@ bool identifyTimeZoneCode(TokenList& list, std::size_t index, const PassContext&
 }
 
 bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassContext& context) {
-  const auto second = list.indexAfter(index, /*ignoreWhitespace=*/true);
+  const auto second = nextWordOfName(list, index);
   if (!second) return false;
   const std::string_view firstWord = list[index].stringValue;
   std::size_t longest = 0;
   const std::optional<Place> place =
       context.content.placeList->placeOfPhrase(firstWord, list[*second].stringValue, [&](std::string_view phrase) {
-        const std::size_t extent = extentOfPhrase(list, index, phrase);
+        const std::size_t extent = extentOfName(list, index, phrase);
         longest = std::max(longest, extent);
         return extent;
       });
@@ -170,7 +189,7 @@ bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const Pass
       context.content.specialDayList->multiWordSpecialDaysBeginningWith(list[index].stringValue);
   if (phrases == nullptr) return false;
   for (const SpecialDayList::Phrase& phrase : *phrases) {
-    const std::size_t extent = extentOf(list, index, phrase.words);
+    const std::size_t extent = extentOf(list, index, phrase.words, nextWord);
     if (extent == 0) continue;
     becomeSpecialDay(list, index, index + extent - 1, phrase.day.type);
     return true;
@@ -182,7 +201,10 @@ bool identifyPlaceOfOneWord(TokenList& list, std::size_t index, const PassContex
   const PlaceList& places = *context.content.placeList;
   const std::string& text = list[index].stringValue;
   std::optional<Place> place = places.placeFor(text);
-  if (place && !isMeantAsName(list, index, places, /*isCode=*/false)) place.reset();
+  if (place && !isMeantAsName(list, index, places, /*isCode=*/false)) {
+    const bool isCountry = place->country() != nullptr;
+    if (!isCountry || !standsBehindPlacePreposition(list, startWithArticle(list, index))) place.reset();
+  }
   if (!place) {
     place = AirportsList::runQuery(text);
     if (place && !isMeantAsName(list, index, places, /*isCode=*/true)) place.reset();
@@ -192,9 +214,32 @@ bool identifyPlaceOfOneWord(TokenList& list, std::size_t index, const PassContex
   return true;
 }
 
+/// Whether a phrase may begin at a token that has a meaning of its own. "3 St Pauls" counts streets, and "the villages"
+/// are any.
+bool mayBeginPhrase(const TokenList& list, std::size_t index) {
+  const Token* const before = list.tokenBefore(index, /*ignoreWhitespace=*/true);
+  if (before != nullptr && before->is(TokenType::number)) return false;
+  if (!list[index].is(TokenType::grammerArticleWord)) return true;
+  const Token* const name = list.tokenAfter(index, /*ignoreWhitespace=*/true);
+  return name != nullptr && (beginsWithCapital(name->stringValue) || standsBehindPlacePreposition(list, index));
+}
+
 bool identifyPhrase(TokenList& list, std::size_t index, const PassContext& context) {
   if (identifyMultiWordPlaces(list, index, context)) return true;
   return context.features.specialDays && identifyMultiWordSpecialDays(list, index, context);
+}
+
+/// "the UK": the article of a country says nothing, and would stand between the name and the words around it.
+void takeInArticlesOfCountries(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::grammerArticleWord, TokenType::timezone})) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(TokenType::timezone)) continue;
+    const std::size_t start = startWithArticle(list, i);
+    const std::optional<Place> place = start < i ? list[i].placeValue() : std::nullopt;
+    if (!place || place->country() == nullptr) continue;
+    becomePlace(list, start, i, *place);
+    i = start;
+  }
 }
 
 }  // namespace
@@ -203,8 +248,7 @@ void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& con
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!kPhraseStarts.contains(list[i].type)) continue;
     if (!list[i].is(TokenType::unidentified)) {
-      const Token* const before = list.tokenBefore(i, /*ignoreWhitespace=*/true);
-      if (before == nullptr || !before->is(TokenType::number)) (void)identifyPhrase(list, i, context);
+      if (mayBeginPhrase(list, i)) (void)identifyPhrase(list, i, context);
       continue;
     }
     if (identifyTimeZoneCode(list, i, context) || identifyPhrase(list, i, context) ||
@@ -215,6 +259,7 @@ void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& con
       becomeSpecialDay(list, i, i, day->type);
     }
   }
+  takeInArticlesOfCountries(list);
 }
 
 void identifyRelativePlacesIn(TokenList& list, const PassContext& context) {
