@@ -116,6 +116,20 @@ std::optional<Token> dayOwning(const TokenList& phrase) {
                                      CalendarEnvironment(calendar));
 }
 
+/// What "3 squared" and "twice 45" multiply by.
+Token factorInWords(const TokenList& phrase, const Token& value) {
+  struct Factor {
+    std::string_view word;
+    int factor;
+  };
+  static constexpr auto kFactors =
+      std::to_array<Factor>({{"double", 2}, {"twice", 2}, {"triple", 3}, {"treble", 3}, {"quadruple", 4}});
+  for (const Factor& row : kFactors) {
+    if (says(phrase, row.word)) return TokenFactory::numberWith(Decimal(row.factor));
+  }
+  return says(phrase, "cubed") || says(phrase, "cube") ? product(value, value) : value;
+}
+
 /// What a phrase without a gap is about: "what time is it", "what day is it".
 std::optional<Token> hereOrNow(FunctionIdentifier identifier) {
   const Calendar calendar = Calendar::current();
@@ -160,11 +174,9 @@ void addUntoldArguments(const PrototypeSequence& sequence, FunctionIdentifier id
       // "day after tomorrow": one day of the word.
       if (const Token* unit = phrase.firstTokenOfType(TokenType::unit)) arguments.insert(arguments.begin(), *unit);
       break;
-    case FunctionIdentifier::multipliedBy: {
-      const bool isThreefold = says(phrase, "cubed") || says(phrase, "cube");
-      arguments.push_back(isThreefold ? product(arguments[0], arguments[0]) : arguments[0]);
+    case FunctionIdentifier::multipliedBy:
+      arguments.push_back(factorInWords(phrase, arguments[0]));
       break;
-    }
     case FunctionIdentifier::permutation:  // all of them in all orders: the factorial
       arguments.push_back(arguments[0]);
       break;
@@ -174,7 +186,7 @@ void addUntoldArguments(const PrototypeSequence& sequence, FunctionIdentifier id
 }
 
 /// Functions for which any word only fills the line: "3 shirts at $15 each".
-constexpr FunctionIdentifierSet kWithoutWords{FunctionIdentifier::multipliedBy, FunctionIdentifier::dividedBy};
+constexpr FunctionIdentifierSet kWithoutWords{FunctionIdentifier::multipliedBy, FunctionIdentifier::reversedPercentOff};
 
 }  // namespace
 

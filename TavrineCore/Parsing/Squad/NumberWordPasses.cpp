@@ -5,10 +5,13 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
 
+#include "Foundation/Text.h"
 #include "TavrineCore/Customization/Engine/EngineContent.h"
 #include "TavrineCore/Parsing/Helpers/NumberWordsList.h"
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
@@ -81,12 +84,47 @@ bool transformNumberWords(TokenList& list, const NumberWordsList& numberWords) {
   return hasChanged;
 }
 
-// --- Fusing ---------------------------------------------------------------------------------------------------------
+// --- Halves ---------------------------------------------------------------------------------------------------------
 
 bool representsNumberWord(const Token& token) {
   const auto* metadata = token.metadataAs<NumberTokenMetadata>();
   return token.is(TokenType::number) && metadata != nullptr && metadata->representsNumberWord;
 }
+
+/// What "and a half" adds; absent for other words.
+std::optional<Decimal> partNamed(std::string_view word) {
+  const std::string text = lowercased(word);
+  if (text == "half") return Decimal(1) / Decimal(2);
+  if (text == "quarter") return Decimal(1) / Decimal(4);
+  return std::nullopt;
+}
+
+/// "two and a half" → 2.5, before the number counts anything. In "two and a half of it" the half is something else.
+void addHalves(TokenList& list) {
+  if (!list.typesPrecheck({TokenType::conjunctionWord, TokenType::grammerArticleWord})) return;
+  for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(TokenType::grammerArticleWord, TokenSubType::indefiniteGrammarArticleWord)) continue;
+    const auto conjunction = list.indexBefore(i, /*ignoreWhitespace=*/true);
+    if (!conjunction || list[*conjunction].subType != TokenSubType::conjunctionWordAnd) continue;
+    const auto count = list.indexBefore(*conjunction, /*ignoreWhitespace=*/true);
+    if (!count || !(list[*count].is(TokenType::number) || list[*count].is(TokenType::numberWord))) continue;
+    const auto part = list.indexAfter(i, /*ignoreWhitespace=*/true);
+    const auto added = part ? partNamed(list[*part].stringValue) : std::nullopt;
+    if (!added || !list[*count].hasDecimalValue()) continue;
+    const Token* next = list.tokenAfter(*part, /*ignoreWhitespace=*/true);
+    if (next != nullptr && next->is(TokenType::prepositionWord, TokenSubType::prepositionWordOf)) continue;
+    TokenSlice slice = list.slice(*count, *part);
+    std::string text = slice.stringValue();
+    const NSRange range = slice.range();
+    const NumberTokenMetadata metadata(list[*count].decimalValue() + *added, std::nullopt,
+                                       /*isNumberWord=*/representsNumberWord(list[*count]));
+    list.replaceRun(*count, *part,
+                    numberToken(metadata, std::move(text), range, TokenList::frozen(std::move(slice.tokens))));
+    i = *count;
+  }
+}
+
+// --- Fusing ---------------------------------------------------------------------------------------------------------
 
 /// "two", "hundred" multiply; "hundred", "five" add up, and so does what "and" joins.
 Decimal fusedValue(const Decimal& left, const Decimal& right, bool isJoinedByConjunction) {
@@ -165,7 +203,9 @@ class NumberWordFuser {
 }  // namespace
 
 void transformNumberWordsAndApplyToNumbersWhereRequired(TokenList& list, const PassContext& context) {
-  if (!transformNumberWords(list, *context.content.numberWordsList)) return;
+  const bool hasNumberWords = transformNumberWords(list, *context.content.numberWordsList);
+  addHalves(list);
+  if (!hasNumberWords) return;
   NumberWordFuser(list).run();
 }
 

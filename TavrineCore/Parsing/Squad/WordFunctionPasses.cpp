@@ -125,22 +125,31 @@ class CallWrapper {
   /// themselves. In "the best day of the year" they don't, and in "today in timestamp" they name what to convert into.
   /// A host that has a phrase without a gap wants to hear of it wherever it is said.
   [[nodiscard]] bool isPartOfProse(const PrototypeSequenceMatcher::Match& match) const {
-    constexpr std::size_t mostTokens = 7;
+    constexpr std::size_t mostTokens = 7;  // of a question without a gap
     if (!match.sequence->functionIdentifier()) return false;
     const auto& prototypes = match.sequence->prototypes();
     if (prototypes.size() == 2 && match.slice.tokens[1].stringValue == "!") return isExclamation(match.slice.tokens[0]);
-    if (prototypes.size() > mostTokens) return false;
+    if (isPriceOfRate(match)) return true;
     const bool hasGap = std::any_of(prototypes.begin(), prototypes.end(), [&match](const auto& prototype) {
       const auto at = static_cast<std::size_t>(&prototype - match.sequence->prototypes().data());
       const bool isBlank = at < match.slice.tokens.size() && match.slice.tokens[at].is(TokenType::whitespace);
       return prototype->kind() != TokenPrototype::Kind::literal && !isBlank;
     });
-    if (hasGap) return false;
+    if (hasGap || prototypes.size() > mostTokens) return false;
     const Token* before = list_.tokenBefore(match.slice.startIndex, /*ignoreWhitespace=*/true);
     if (before != nullptr && before->is(TokenType::converterSymbol)) return true;
     const auto isWord = [](const Token& token) { return token.is(TokenType::wordComment); };
     const auto words = std::count_if(list_.begin(), list_.end(), isWord);
     return words > std::count_if(match.slice.tokens.begin(), match.slice.tokens.end(), isWord);
+  }
+
+  /// "5 tickets at $3" costs $15, but "5 pears at $3 / apple" is no purchase.
+  [[nodiscard]] bool isPriceOfRate(const PrototypeSequenceMatcher::Match& match) const {
+    if (match.sequence->functionIdentifier() != FunctionIdentifier::multipliedBy) return false;
+    const Token* behind = list_.tokenAfter(match.slice.endIndex, /*ignoreWhitespace=*/true);
+    return behind != nullptr && behind->is(TokenType::operator_, TokenSubType::divisionOperator) &&
+           match.slice.tokens.back().is(TokenType::unitExpression) && match.slice.tokens.size() > 2 &&
+           match.slice.tokens[2].is(TokenType::wordComment);
   }
 
   /// "we won 5!" is glad of the 5; "5! / 3!" and "(2 + 1)!" are factorials.
@@ -201,8 +210,9 @@ class CallWrapper {
 bool joinsTwoNumbers(const Token& token) {
   if (!token.is(TokenType::number) || !token.subtokens || token.subtokens->count() < 3) return false;
   const Token* first = token.subtokens->first();
+  const Token* last = token.subtokens->last();
   return first != nullptr && first->hasDecimalValue() && first->decimalValue() < Decimal(100) &&
-         token.subtokens->firstTokenOfType(TokenType::conjunctionWord) != nullptr;
+         last->is(TokenType::number) && token.subtokens->firstTokenOfType(TokenType::conjunctionWord) != nullptr;
 }
 
 /// Tries the phrases on "larger of three and nine" with two numbers in it; the list stays as it is where none wants

@@ -14,9 +14,9 @@ namespace tavrine {
 
 namespace {
 
-/// Fractions calculate with plain numbers only: beside anything else a third is 0.333...
+/// Fractions calculate with plain numbers only: beside anything else, another fraction too, a third is 0.333...
 bool mustBeNumber(const Token& fraction, const Token& other) {
-  return fraction.is(TokenType::fraction) && !other.is(TokenType::number) && !other.is(TokenType::fraction);
+  return fraction.is(TokenType::fraction) && !other.is(TokenType::number);
 }
 
 }  // namespace
