@@ -42,6 +42,9 @@ using Sequences = std::vector<PrototypeSequenceRef>;
 constexpr TokenTypeSet kListsWithPhrases{TokenType::subexpression, TokenType::functionExpression, TokenType::list,
                                          TokenType::conditionalExpression};
 
+constexpr FunctionIdentifierSet kLoans = FunctionIdentifierSet::fromTo(FunctionIdentifier::totalInterestOnLoanRepayment,
+                                                                       FunctionIdentifier::monthlyLoanRepayment);
+
 constexpr TokenTypeSet kConjunctions{TokenType::conjunctionWord};
 
 /// The type that a phrase sees: a variable counts as what it stands for.
@@ -52,7 +55,15 @@ TokenType effectiveTypeOf(const Token& token) {
   return value ? value->type : token.type;
 }
 
+/// "15% less than 200": the operator is a phrase too.
+bool hasOperatorOfWords(const TokenList& list) {
+  return list.typePrecheck(TokenType::operator_) && std::any_of(list.begin(), list.end(), [](const Token& token) {
+           return token.is(TokenType::operator_) && token.stringValue.find(' ') != std::string::npos;
+         });
+}
+
 bool worthScanningForWordFunctionsIn(const TokenList& list) {
+  if (hasOperatorOfWords(list)) return true;
   if (!list.anyTypesHaveBeenPresentIn(TokenTypeSet::typesInWordOperators)) return false;
   if (list.onlyTypesHaveBeenPresentIn(TokenTypeSet::wordCommentAndWhitespace)) return false;
   if (list.count() == 1 && TokenTypeSet::validAnswerProducingTypes.contains(list[0].type)) return false;
@@ -88,13 +99,16 @@ class CallWrapper {
   bool wrap(const Sequences& candidates) {
     bool hasWrapped = false;
     Sequences sequences = candidates;
+    mayAskForLoan_ = std::any_of(sequences.begin(), sequences.end(), [](const PrototypeSequenceRef& sequence) {
+      return sequence->functionIdentifier() && kLoans.contains(*sequence->functionIdentifier());
+    });
     drop(sequences);
     for (std::size_t end = list_.count(); end > 0 && !sequences.empty();) {
       PrototypeSequenceMatcher matcher(list_);
       std::optional<PrototypeSequenceMatcher::Match> match;
       for (; end > 0 && !match; --end) match = matcher.findSliceMatching(sequences, end - 1);
       if (!match) break;
-      if (isPartOfProse(*match) || !replace(*match)) continue;
+      if (!isMeant(*match) || !replace(*match)) continue;
       hasWrapped = true;
       // A call may be what a gap of another phrase wanted: "3 days after 5 days ago".
       const std::optional<FunctionIdentifier> called = match->sequence->functionIdentifier();
@@ -121,26 +135,39 @@ class CallWrapper {
     return longest + 2 * kMaximumPhraseWords;  // a place may have many words
   }
 
+  /// A host that has a phrase wants to hear of it wherever it is said; the built-in ones mind what stands around them.
+  [[nodiscard]] bool isMeant(const PrototypeSequenceMatcher::Match& match) const {
+    if (!match.sequence->functionIdentifier()) return true;
+    return !isExclamation(match) && !isPriceOfRate(match) && !isOfPart(match) && !isPartOfProse(match);
+  }
+
   /// A few words without a gap, such as "week number" or "timestamp", ask for something where they stand for
   /// themselves. In "the best day of the year" they don't, and in "today in timestamp" they name what to convert into.
-  /// A host that has a phrase without a gap wants to hear of it wherever it is said.
   [[nodiscard]] bool isPartOfProse(const PrototypeSequenceMatcher::Match& match) const {
-    constexpr std::size_t mostTokens = 7;  // of a question without a gap
-    if (!match.sequence->functionIdentifier()) return false;
+    constexpr std::size_t mostTokens = 7;
     const auto& prototypes = match.sequence->prototypes();
-    if (prototypes.size() == 2 && match.slice.tokens[1].stringValue == "!") return isExclamation(match.slice.tokens[0]);
-    if (isPriceOfRate(match)) return true;
+    if (prototypes.size() > mostTokens) return false;
     const bool hasGap = std::any_of(prototypes.begin(), prototypes.end(), [&match](const auto& prototype) {
       const auto at = static_cast<std::size_t>(&prototype - match.sequence->prototypes().data());
       const bool isBlank = at < match.slice.tokens.size() && match.slice.tokens[at].is(TokenType::whitespace);
       return prototype->kind() != TokenPrototype::Kind::literal && !isBlank;
     });
-    if (hasGap || prototypes.size() > mostTokens) return false;
+    if (hasGap) return false;
     const Token* before = list_.tokenBefore(match.slice.startIndex, /*ignoreWhitespace=*/true);
     if (before != nullptr && before->is(TokenType::converterSymbol)) return true;
     const auto isWord = [](const Token& token) { return token.is(TokenType::wordComment); };
     const auto words = std::count_if(list_.begin(), list_.end(), isWord);
     return words > std::count_if(match.slice.tokens.begin(), match.slice.tokens.end(), isWord);
+  }
+
+  /// "monthly repayment on half of $600,000 over 30 years at 4%": the repayment is on the half.
+  [[nodiscard]] bool isOfPart(const PrototypeSequenceMatcher::Match& match) const {
+    if (!mayAskForLoan_ || match.sequence->functionIdentifier() != FunctionIdentifier::compoundInterest) return false;
+    const auto of = list_.indexBefore(match.slice.startIndex, /*ignoreWhitespace=*/true);
+    if (!of || !list_[*of].is(TokenType::prepositionWord, TokenSubType::prepositionWordOf)) return false;
+    const Token* part = list_.tokenBefore(*of, /*ignoreWhitespace=*/true);
+    return part != nullptr && (part->is(TokenType::percentage) || part->is(TokenType::fraction) ||
+                               lowercased(part->stringValue) == "half");
   }
 
   /// "5 tickets at $3" costs $15, but "5 pears at $3 / apple" is no purchase.
@@ -153,7 +180,9 @@ class CallWrapper {
   }
 
   /// "we won 5!" is glad of the 5; "5! / 3!" and "(2 + 1)!" are factorials.
-  [[nodiscard]] bool isExclamation(const Token& value) const {
+  [[nodiscard]] bool isExclamation(const PrototypeSequenceMatcher::Match& match) const {
+    if (match.slice.tokens.size() != 2 || match.slice.tokens[1].stringValue != "!") return false;
+    const Token& value = match.slice.tokens[0];
     if (!value.is(TokenType::number) && !value.is(TokenType::subexpression)) return true;
     return std::any_of(list_.begin(), list_.end(), [](const Token& token) {
       return token.is(TokenType::wordComment) && isAlphabetic(decodeScalar(token.stringValue, 0).scalar);
@@ -204,6 +233,7 @@ class CallWrapper {
   TokenList& list_;
   const PassContext& context_;
   const std::size_t depth_;
+  bool mayAskForLoan_ = false;
 };
 
 /// "three and nine": fused into a number, but one that nobody says, for in English "and" joins to hundreds and more.
