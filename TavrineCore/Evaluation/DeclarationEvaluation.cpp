@@ -66,10 +66,10 @@ Variable variableWith(const VariableDeclarationTokenMetadata& declaration, const
   return variable;
 }
 
-/// A variable can hold a bare place or a bare unit, which no expression comes to.
+/// A variable can hold a bare place, a zone or a bare unit, which no expression comes to.
 EvaluationResult bareValueIn(const TokenList& tokens) {
   if (const Token* timezone = tokens.lastTokenOfType(TokenType::timezone)) {
-    if (auto place = timezone->placeValue()) return EvaluationResult::place(std::move(*place));
+    if (auto place = placeOfZone(*timezone)) return EvaluationResult::place(std::move(*place));
   }
   if (const Token* unit = tokens.lastTokenOfType(TokenType::unit)) {
     if (auto value = unit->unitValue()) return EvaluationResult::unit(std::move(*value));

@@ -1,5 +1,7 @@
 #include "TavrineCore/Evaluation/EvaluationTokens.h"
 
+#include "Foundation/Text.h"
+#include "TavrineCore/Customization/Places/Place.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 
 namespace tavrine {
@@ -12,6 +14,14 @@ Token failedToken() { return Token(TokenType::failed, " ", NSRange::zero); }
 
 Token operatorToken(TokenSubType subtype, std::string_view text) {
   return Token(TokenType::operator_, subtype, std::string(text), NSRange::zero);
+}
+
+std::optional<Place> placeOfZone(const Token& timezone) {
+  if (std::optional<Place> place = timezone.placeValue()) return place;
+  const std::optional<TimeZone> zone = timezone.timeZoneValue();
+  if (!zone || trimmed(timezone.stringValue).empty()) return std::nullopt;
+  return Place{
+      .name = timezone.stringValue, .aliases = std::nullopt, .timeZone = *zone, .type = Place::TimeZoneAbbreviation{}};
 }
 
 bool isTrue(const Token& token) {

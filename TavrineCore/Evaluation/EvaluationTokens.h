@@ -14,6 +14,8 @@
 /// `Token()`.
 namespace tavrine {
 
+struct Place;
+
 /// The token in which an error travels.
 [[nodiscard]] Token errorToken(EvaluationError error);
 /// For what only the background stage can answer.
@@ -21,6 +23,10 @@ namespace tavrine {
 /// For what the background stage couldn't answer.
 [[nodiscard]] Token failedToken();
 [[nodiscard]] Token operatorToken(TokenSubType subtype, std::string_view text);
+
+/// The place of a zone. A zone without a place ("EST") is a place of its name; one that is nowhere in the line has
+/// none.
+[[nodiscard]] std::optional<Place> placeOfZone(const Token& timezone);
 
 /// Whether this is the blank token, or one of its kind.
 [[nodiscard]] inline bool isBlank(const Token& token) { return token.is(TokenType::unidentified); }

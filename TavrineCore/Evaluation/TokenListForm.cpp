@@ -8,6 +8,7 @@
 #include <string>
 
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
+#include "TavrineCore/Evaluation/EvaluationTokens.h"
 #include "TavrineCore/Evaluation/WordFunctionEvaluation.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequence.h"
@@ -36,13 +37,9 @@ Datestamp now() {
 std::optional<Place> placeOf(const Token& token) {
   if (token.is(TokenType::converter) && token.subtokens) {
     const Token* zone = token.subtokens->firstTokenOfType(TokenType::timezone);
-    return zone != nullptr ? placeOf(*zone) : std::nullopt;
+    return zone != nullptr ? placeOfZone(*zone) : std::nullopt;
   }
-  if (std::optional<Place> place = token.placeValue()) return place;
-  const std::optional<TimeZone> zone = token.timeZoneValue();
-  if (!zone) return std::nullopt;
-  return Place{
-      .name = token.stringValue, .aliases = std::nullopt, .timeZone = *zone, .type = Place::TimeZoneAbbreviation{}};
+  return placeOfZone(token);
 }
 
 /// A stretch of time, or the one week of "a week".

@@ -150,6 +150,7 @@ TEST_F(TokenListFormTest, TellsWhatALineAsks) {
            {"5pm London in Paris", "2026-06-10T16:00 in Paris"},
            {"5pm to EST", "2026-06-10T17:00 in EST"},
            {"date in London", "other"},
+           {"what time is it", "other"},
            // a host's phrase
            {"move 5 km to 7", "call move (5 km) (7)"},
            {"please move 5 km to (3 + 4)", "call move (5 km) (7)"},
