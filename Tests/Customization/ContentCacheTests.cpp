@@ -74,6 +74,8 @@ TEST(ContentReuse, TellsWhatAChangeLeavesStanding) {
        kNothing},
       {"disabledFunctions", plain,
        [](auto& c) { c.changeFeatureFlags([](auto& f) { f.disabledFunctions.emplace(); }); }, kNothing},
+      {"dynamicPlaceLookup", plain, [](auto& c) { c.changeFeatureFlags([](auto& f) { f.dynamicPlaceLookup = true; }); },
+       kNothing},
       {"a provider", plain, [](auto& c) { c.setCurrencyRateProvider(std::make_shared<NoRates>()); }, kNothing},
       {"javaScriptFunctions", plain, [](auto& c) { c.setJavaScriptFunctions({{.name = "twice"}}); }, kNothing},
       {"units off",

@@ -48,6 +48,7 @@ class ProviderTest : public ::testing::Test {
   void usePlaces(std::shared_ptr<PlaceDataProvider> provider) {
     EngineCustomization changed = calculator_->customization();
     changed.setPlaceDataProvider(std::move(provider));
+    changed.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.dynamicPlaceLookup = true; });
     calculator_ = std::make_unique<Calculator>(std::move(changed));
   }
 
@@ -190,6 +191,13 @@ TEST_F(ProviderTest, TimesInPlacesThatOnlyTheHostKnows) {
   EXPECT_EQ(later("3 hours ago in Little Town").stringValue, "3:30 PM");
   EXPECT_EQ(later("time in Elsewhere").stringValue, "");
   EXPECT_EQ(atOnce("time in Tokyo"), "6:30 PM");
+
+  // A host may know distances without its lines being searched for names.
+  EngineCustomization withoutNames = calculator_->customization();
+  withoutNames.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.dynamicPlaceLookup = false; });
+  Calculator without(withoutNames);
+  EXPECT_EQ(without.calculate("time in Little Town").stringValue, "");
+  EXPECT_EQ(without.calculate("distance from London to Paris").stringValue, "343.771 km");
   usePlaces(nullptr);
   EXPECT_EQ(atOnce("time in Little Town"), "");
 }

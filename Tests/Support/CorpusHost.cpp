@@ -73,7 +73,10 @@ EngineCustomization withCorpusHost(EngineCustomization customization) {
   customization.setCustomUnits({{"crate", Decimal(25), UnitIdentifier::kilograms}});
   customization.setWeatherDataProvider(weather);
   customization.setPlaceDataProvider(places);
-  customization.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.additionalOptions.unitDeclarations = true; });
+  customization.changeFeatureFlags([](EngineFeatureFlags& flags) {
+    flags.additionalOptions.unitDeclarations = true;
+    flags.dynamicPlaceLookup = true;
+  });
   return customization;
 }
 

@@ -41,7 +41,7 @@ bool sameProviders(const EngineCustomization& left, const EngineCustomization& r
 EngineContent::EngineContent(const EngineCustomization& customization)
     : functionList([customization] {
         return FunctionList(FunctionVendor::prototypesFor(customization),
-                            {.variants = true, .placesOfProvider = customization.placeDataProvider() != nullptr});
+                            {.variants = true, .placesOfProvider = FunctionVendor::looksUpPlaces(customization)});
       }),
       customFunctionsList([customization] { return CustomFunctionsList(customization.customFunctions()); }),
       traditionalFunctionList([customization] { return TraditionalFunctionList(customization.javaScriptFunctions()); }),
@@ -90,7 +90,8 @@ ContentReuse contentReuse(const EngineCustomization& newCustomization, const Eng
   ContentReuse result;
   if (n == o) return result;
   if (n.locale() != o.locale() || n.featureFlags().seeksFutureDate != o.featureFlags().seeksFutureDate ||
-      n.featureFlags().disabledFunctions != o.featureFlags().disabledFunctions || !sameProviders(n, o) ||
+      n.featureFlags().disabledFunctions != o.featureFlags().disabledFunctions ||
+      n.featureFlags().dynamicPlaceLookup != o.featureFlags().dynamicPlaceLookup || !sameProviders(n, o) ||
       n.javaScriptFunctions() != o.javaScriptFunctions()) {
     result.fromScratch = true;
     return result;

@@ -55,6 +55,10 @@ std::vector<const std::string*> longestFirst(const std::vector<std::string>& phr
 
 }  // namespace
 
+bool FunctionVendor::looksUpPlaces(const EngineCustomization& customization) {
+  return customization.placeDataProvider() != nullptr && customization.featureFlags().dynamicPlaceLookup;
+}
+
 FunctionIdentifierSet FunctionVendor::disabledFunctionsBasedOn(const EngineCustomization& customization) {
   const auto& disabledFunctions = customization.featureFlags().disabledFunctions;
   FunctionIdentifierSet disabled = disabledFunctions ? *disabledFunctions : FunctionIdentifierSet{};
@@ -102,7 +106,7 @@ std::vector<Function> FunctionVendor::functionsFor(const EngineCustomization& cu
   for (const Function& prototype : prototypesFor(customization)) {
     for (Function& variant : FunctionVariantsGenerator::variantsOf(prototype)) functions.push_back(std::move(variant));
   }
-  if (customization.placeDataProvider() != nullptr) functions = dynamicPlaceVariantsFrom(std::move(functions));
+  if (looksUpPlaces(customization)) functions = dynamicPlaceVariantsFrom(std::move(functions));
 
   std::unordered_set<std::string_view> seen;
   std::vector<Function> distinct;  // of two equal phrases the first stays

@@ -21,6 +21,9 @@ struct FunctionVendor {
   /// The functions, each that names a zone followed by the same for a place that only the host knows.
   [[nodiscard]] static std::vector<Function> dynamicPlaceVariantsFrom(std::vector<Function> functions);
 
+  /// Whether phrases may name a place that only the host knows: it has a source of places, and wants names looked up.
+  [[nodiscard]] static bool looksUpPlaces(const EngineCustomization& customization);
+
   /// What the feature flags disable, and what needs a host's source of weather where there is none.
   [[nodiscard]] static FunctionIdentifierSet disabledFunctionsBasedOn(const EngineCustomization& customization);
 };
