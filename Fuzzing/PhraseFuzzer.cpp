@@ -32,7 +32,7 @@ const std::vector<std::string>& phrases() {
     std::vector<std::string> found;
     const auto descriptions = StaticResouces::localizedFunctions();
     for (const FunctionDescription& description : *descriptions) {
-      found.insert(found.end(), description.prototypeExpressions.begin(), description.prototypeExpressions.end());
+      for (const SharedText& phrase : description.prototypeExpressions) found.push_back(phrase.string());
     }
     return found;
   }();

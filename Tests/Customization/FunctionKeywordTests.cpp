@@ -29,7 +29,7 @@ TokenList tokensOf(std::string_view line) {
 std::vector<std::string> worthScanning(const NumericalFunctionKeywords& keywords, std::string_view line) {
   std::vector<std::string> phrases;
   for (const Function* function : keywords.wordFunctionsWorthScanningForIn(tokensOf(line), EngineFeatureFlags())) {
-    phrases.push_back(function->prototypeExpression);
+    phrases.push_back(function->prototypeExpression.string());
   }
   return phrases;
 }

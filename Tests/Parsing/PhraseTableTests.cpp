@@ -193,7 +193,7 @@ std::set<std::string, std::less<>> spelledPhrases() {
   std::set<std::string, std::less<>> phrases;
   const auto descriptions = StaticResouces::localizedFunctions();
   for (const FunctionDescription& description : *descriptions) {
-    phrases.insert(description.prototypeExpressions.begin(), description.prototypeExpressions.end());
+    for (const SharedText& phrase : description.prototypeExpressions) phrases.insert(phrase.string());
   }
   return phrases;
 }
@@ -204,8 +204,8 @@ std::optional<std::string> faultOf(const Function& function, const std::string& 
   const std::optional<FunctionIdentifier> called = hasGap ? calledBy(line) : calledByAlone(line);
   // Not all wordings that the generator makes are grammatical; these must only not ask for something else.
   if (mayCall(function.identifier, called) || (!called && !isSpelled)) return std::nullopt;
-  return '"' + function.prototypeExpression + "\" of " + std::string(toString(function.identifier)) + ", as \"" + line +
-         "\", calls " + (called ? std::string(toString(*called)) : "nothing as a whole");
+  return '"' + function.prototypeExpression.string() + "\" of " + std::string(toString(function.identifier)) +
+         ", as \"" + line + "\", calls " + (called ? std::string(toString(*called)) : "nothing as a whole");
 }
 
 TEST(PhraseTable, EveryPhraseCallsItsFunction) {
@@ -214,7 +214,7 @@ TEST(PhraseTable, EveryPhraseCallsItsFunction) {
   const std::vector<Function> functions = FunctionVendor::functionsFor(EngineCustomization::usStandard());
   ASSERT_GT(functions.size(), 1000u);
   for (const Function& function : functions) {
-    const std::string& phrase = function.prototypeExpression;
+    const std::string phrase = function.prototypeExpression.string();
     if (!canBeTyped(phrase) ||
         std::find(kForOtherLines.begin(), kForOtherLines.end(), phrase) != kForOtherLines.end()) {
       continue;
@@ -252,8 +252,8 @@ TEST(PhraseTable, PhrasesSideBySideAndInsideOfEachOtherStayBounded) {
   constexpr std::size_t kPairs = 400;
   constexpr std::size_t kStride = 7919;  // a prime, so that the partners differ
   for (std::size_t i = 0; i < kPairs; ++i) {
-    const std::string& left = functions[i * functions.size() / kPairs].prototypeExpression;
-    const std::string& right = functions[i * kStride % functions.size()].prototypeExpression;
+    const std::string left = functions[i * functions.size() / kPairs].prototypeExpression.string();
+    const std::string right = functions[i * kStride % functions.size()].prototypeExpression.string();
     const auto first = filledIn(left, Filling::number);
     const auto second = filledIn(right, Filling::brackets);
     expectSound(first.value_or(left) + ' ' + second.value_or(right));
@@ -261,7 +261,7 @@ TEST(PhraseTable, PhrasesSideBySideAndInsideOfEachOtherStayBounded) {
   constexpr std::size_t kDepth = 100;
   constexpr std::size_t kNested = 40;
   for (std::size_t i = 0; i < kNested; ++i) {
-    const std::string& phrase = functions[i * functions.size() / kNested].prototypeExpression;
+    const std::string phrase = functions[i * functions.size() / kNested].prototypeExpression.string();
     if (!phrase.ends_with(" 10")) continue;
     const std::string head = filledIn(phrase.substr(0, phrase.size() - 2), Filling::number).value_or("half of ");
     std::string line;

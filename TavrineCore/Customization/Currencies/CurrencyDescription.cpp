@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Foundation/Json.h"
+#include "TavrineCore/Customization/Engine/FlatRows.h"
 
 namespace tavrine {
 
@@ -24,34 +25,19 @@ const std::string* stringIn(const Json& object, std::string_view key) {
   return member == nullptr ? nullptr : member->asString();
 }
 
-std::optional<CurrencyDescription> descriptionFrom(const Json& json) {
-  const std::string* const symbol = stringIn(json, "symbol");
-  const Json* const words = json.find("aliases");
-  const Json::Array* const aliases = words == nullptr ? nullptr : words->asArray();
-  if (symbol == nullptr || aliases == nullptr) return std::nullopt;
-  CurrencyDescription result{*symbol, {}};
-  for (const Json& word : *aliases) {
-    const std::string* const text = word.asString();
-    if (text == nullptr) return std::nullopt;
-    result.aliases.push_back(*text);
-  }
-  return result;
-}
-
 }  // namespace
 
 DecodedResource<std::vector<CurrencyDescription>> currencyDescriptionsFrom(std::string_view bytes) {
   using Content = std::vector<CurrencyDescription>;
-  const JsonParseResult parsed = Json::parse(bytes);
-  if (!parsed) return refused<Content>(parsed);
-  const Json::Array* const rows = parsed.value->asArray();
-  if (rows == nullptr) return refused<Content>("no array");
   Content result;
-  for (const Json& row : *rows) {
-    std::optional<CurrencyDescription> description = descriptionFrom(row);
-    if (!description) return refused<Content>("row " + std::to_string(result.size()) + " has no symbol or no aliases");
-    result.push_back(*std::move(description));
-  }
+  std::string error = readFlatRows(bytes, [&result](const FlatRow& row) {
+    const auto* const symbol = row.stringOf("symbol");
+    const auto* const aliases = row.stringsOf("aliases");
+    if (symbol == nullptr || aliases == nullptr) return false;
+    result.push_back({.symbol = std::string(*symbol), .aliases = {aliases->begin(), aliases->end()}});
+    return true;
+  });
+  if (!error.empty()) return refused<Content>(std::move(error));
   return {std::move(result), {}};
 }
 

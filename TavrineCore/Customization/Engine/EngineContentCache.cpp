@@ -39,7 +39,8 @@ std::shared_ptr<const EngineContent> newContentFor(const EngineCustomization& ne
 }  // namespace
 
 std::shared_ptr<const EngineContent> EngineContentCache::engineContentFor(const EngineCustomization& customization) {
-  static EngineContentCache cache;
+  // Never destroyed: the memory of a process ends with it, all at once.
+  static auto& cache = *new EngineContentCache;
   return cache.contentFor(customization);
 }
 

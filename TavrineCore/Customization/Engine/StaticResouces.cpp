@@ -62,7 +62,8 @@ struct Readers {
 };
 
 Readers& readers() {
-  static Readers all;
+  // Never destroyed: the memory of a process ends with it, all at once.
+  static auto& all = *new Readers;
   return all;
 }
 
@@ -74,15 +75,17 @@ std::shared_ptr<const Content> contentNamed(std::string_view fileName, ResourceR
   return content == nullptr ? std::make_shared<const Content>() : content;
 }
 
-std::optional<UnitDescription> unitDescriptionFrom(FlatRow& row) {
-  std::string* const symbol = row.stringOf("symbol");
-  std::vector<std::string>* const aliases = row.stringsOf("aliases");
-  const std::string* const name = row.stringOf("identifier");
+std::vector<std::string> stringsOf(const std::vector<std::string_view>& views) { return {views.begin(), views.end()}; }
+
+std::optional<UnitDescription> unitDescriptionFrom(const FlatRow& row) {
+  const auto* const symbol = row.stringOf("symbol");
+  const auto* const aliases = row.stringsOf("aliases");
+  const auto* const name = row.stringOf("identifier");
   const auto identifier = name == nullptr ? std::nullopt : unitIdentifierNamed(*name);
   if (symbol == nullptr || aliases == nullptr || !identifier) return std::nullopt;
 
   UnitDescription result{
-      .symbol = std::move(*symbol), .aliases = std::move(*aliases), .associatedUnitIdentifier = *identifier};
+      .symbol = std::string(*symbol), .aliases = stringsOf(*aliases), .associatedUnitIdentifier = *identifier};
   const FlatMember* const equivalence = row.find("equivalence");
   if (equivalence != nullptr && equivalence->kind != FlatMember::Kind::null) {
     if (equivalence->kind == FlatMember::Kind::number) result.equivalence = Decimal::parse(equivalence->texts.front());
@@ -91,19 +94,28 @@ std::optional<UnitDescription> unitDescriptionFrom(FlatRow& row) {
   return result;
 }
 
-std::optional<UnitShorthand> unitShorthandFrom(FlatRow& row) {
-  std::vector<std::string>* const aliases = row.stringsOf("aliases");
-  const std::string* const identifier = row.stringOf("identifier");
+std::optional<UnitShorthand> unitShorthandFrom(const FlatRow& row) {
+  const auto* const aliases = row.stringsOf("aliases");
+  const auto* const identifier = row.stringOf("identifier");
   if (aliases == nullptr || identifier == nullptr) return std::nullopt;
-  return UnitShorthand{.aliases = std::move(*aliases), .identifier = *identifier};
+  return UnitShorthand{.aliases = stringsOf(*aliases), .identifier = std::string(*identifier)};
 }
 
-std::optional<FunctionDescription> functionDescriptionFrom(FlatRow& row) {
-  std::vector<std::string>* const phrases = row.stringsOf("prototypeExpressions");
-  const std::string* const name = row.stringOf("identifier");
+/// A text of the row: a part of the file where it stands there as it is.
+SharedText sharedText(std::string_view text, const std::shared_ptr<const std::string>& file) {
+  return isPartOf(text, *file) ? SharedText(file, text) : SharedText(text);
+}
+
+std::optional<FunctionDescription> functionDescriptionFrom(const FlatRow& row,
+                                                           const std::shared_ptr<const std::string>& file) {
+  const auto* const phrases = row.stringsOf("prototypeExpressions");
+  const auto* const name = row.stringOf("identifier");
   const auto identifier = name == nullptr ? std::nullopt : functionIdentifierNamed(*name);
   if (phrases == nullptr || !identifier) return std::nullopt;
-  return FunctionDescription{.identifier = *identifier, .prototypeExpressions = std::move(*phrases)};
+  FunctionDescription description{.identifier = *identifier, .prototypeExpressions = {}};
+  description.prototypeExpressions.reserve(phrases->size());
+  for (const std::string_view phrase : *phrases) description.prototypeExpressions.push_back(sharedText(phrase, file));
+  return description;
 }
 
 std::string errorOf(const JsonParseResult& parsed) {
@@ -111,11 +123,11 @@ std::string errorOf(const JsonParseResult& parsed) {
 }
 
 /// A file that is an array, each element of which `decode` understands.
-template <typename Element>
-DecodedResource<std::vector<Element>> elementsFrom(std::string_view bytes, std::optional<Element> (*decode)(FlatRow&)) {
+template <typename Element, typename Decode>
+DecodedResource<std::vector<Element>> elementsFrom(std::string_view bytes, Decode decode) {
   std::vector<Element> result;
-  std::string error = readFlatRows(bytes, [&](FlatRow& row) {
-    auto decoded = decode(row);
+  std::string error = readFlatRows(bytes, [&](const FlatRow& row) {
+    std::optional<Element> decoded = decode(row);
     if (decoded) result.push_back(*std::move(decoded));
     return decoded.has_value();
   });
@@ -234,8 +246,10 @@ std::shared_ptr<const std::vector<FunctionDescription>> StaticResouces::localize
   return contentNamed("FunctionDescriptions", &Readers::functions);
 }
 
-DecodedResource<std::vector<FunctionDescription>> StaticResouces::functionsFrom(std::string_view bytes) {
-  return elementsFrom<FunctionDescription>(bytes, &functionDescriptionFrom);
+DecodedResource<std::vector<FunctionDescription>> StaticResouces::functionsFrom(std::string bytes) {
+  const auto file = std::make_shared<const std::string>(std::move(bytes));
+  return elementsFrom<FunctionDescription>(*file,
+                                           [&file](const FlatRow& row) { return functionDescriptionFrom(row, file); });
 }
 
 DecodedResource<LocalizableFixtureSet> StaticResouces::localizedFixtureSetFrom(std::string_view bytes) {

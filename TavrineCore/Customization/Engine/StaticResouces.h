@@ -62,7 +62,7 @@ class StaticResouces {
   /// An array of {"aliases", "identifier"}.
   static DecodedResource<std::vector<UnitShorthand>> unitShorthandsFrom(std::string_view bytes);
   /// An array of {"identifier", "prototypeExpressions"}.
-  static DecodedResource<std::vector<FunctionDescription>> functionsFrom(std::string_view bytes);
+  static DecodedResource<std::vector<FunctionDescription>> functionsFrom(std::string bytes);
 };
 
 }  // namespace tavrine

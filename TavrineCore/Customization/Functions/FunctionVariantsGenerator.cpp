@@ -138,8 +138,7 @@ void appendWeatherVariants(const Function& function, std::vector<Function>& vari
 
 }  // namespace
 
-std::vector<Function> FunctionVariantsGenerator::formsOf(const Function& function) {
-  std::vector<Function> forms;
+void FunctionVariantsGenerator::appendFormsOf(const Function& function, std::vector<Function>& forms) {
   const std::string_view phrase = function.prototypeExpression;
   if (weatherFunctionIdentifiers.contains(function.identifier) && phrase.ends_with(kPlaceOfWeather) &&
       isNounOfWeather(phrase)) {
@@ -149,7 +148,6 @@ std::vector<Function> FunctionVariantsGenerator::formsOf(const Function& functio
   }
   forms.push_back(function);
   if (weatherFunctionIdentifiers.contains(function.identifier)) appendWeatherVariants(function, forms);
-  return forms;
 }
 
 std::vector<Function> FunctionVariantsGenerator::variantsOf(const Function& function) {
@@ -161,7 +159,7 @@ std::vector<Function> FunctionVariantsGenerator::variantsOf(const Function& func
     const std::size_t count = variants.size();
     for (const std::string_view word : std::span(group.words).subspan(1)) {
       for (std::size_t i = 0; i < count && !word.empty() && variants.size() < kMaximumVariants; ++i) {
-        std::string phrase = variants[i].prototypeExpression;
+        std::string phrase = variants[i].prototypeExpression.string();
         phrase.replace(findWord(phrase, original), original.size(), word);
         variants.push_back({std::move(phrase), function.identifier});
       }

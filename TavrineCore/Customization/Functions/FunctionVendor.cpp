@@ -36,18 +36,20 @@ std::size_t gapForPlaceOfProvider(std::string_view phrase) {
 }
 
 /// The phrases of one entry, those of more words first: of two that end at the same word the longer one says more.
-std::vector<const std::string*> longestFirst(const std::vector<std::string>& phrases) {
+std::vector<const SharedText*> longestFirst(const std::vector<SharedText>& phrases) {
   struct Measured {
     std::ptrdiff_t blanks;
-    const std::string* phrase;
+    const SharedText* phrase;
   };
   std::vector<Measured> measured;
   measured.reserve(phrases.size());
-  for (const std::string& phrase : phrases)
-    measured.push_back({std::count(phrase.begin(), phrase.end(), ' '), &phrase});
+  for (const SharedText& phrase : phrases) {
+    const std::string_view text = phrase;
+    measured.push_back({std::count(text.begin(), text.end(), ' '), &phrase});
+  }
   std::stable_sort(measured.begin(), measured.end(),
                    [](const Measured& left, const Measured& right) { return left.blanks > right.blanks; });
-  std::vector<const std::string*> sorted;
+  std::vector<const SharedText*> sorted;
   sorted.reserve(measured.size());
   for (const Measured& entry : measured) sorted.push_back(entry.phrase);
   return sorted;
@@ -70,18 +72,21 @@ std::vector<Function> FunctionVendor::prototypesFor(const EngineCustomization& c
   const FunctionIdentifierSet disabled = disabledFunctionsBasedOn(customization);
   const auto descriptions = StaticResouces::localizedFunctions();
   std::vector<Function> functions;
+  std::vector<Function> forms;
   std::size_t count = 0;
   for (const FunctionDescription& description : *descriptions) count += description.prototypeExpressions.size();
   functions.reserve(count);
   for (const FunctionDescription& description : *descriptions) {
     if (disabled.contains(description.identifier)) continue;
-    for (const std::string* phrase : longestFirst(description.prototypeExpressions)) {
-      for (Function& form : FunctionVariantsGenerator::formsOf({*phrase, description.identifier})) {
+    for (const SharedText* phrase : longestFirst(description.prototypeExpressions)) {
+      FunctionVariantsGenerator::appendFormsOf({*phrase, description.identifier}, forms);
+      for (Function& form : forms) {
         std::string plain;
         if (!isAscii(form.prototypeExpression)) plain = strippingDiacritics(form.prototypeExpression);
         functions.push_back(std::move(form));
         if (!plain.empty()) functions.push_back({std::move(plain), description.identifier});
       }
+      forms.clear();
     }
   }
   return functions;
@@ -94,9 +99,9 @@ std::vector<Function> FunctionVendor::dynamicPlaceVariantsFrom(std::vector<Funct
     const std::size_t place = gapForPlaceOfProvider(function.prototypeExpression);
     result.push_back(std::move(function));
     if (place == std::string::npos) continue;
-    Function withPlaceOfProvider = result.back();
-    withPlaceOfProvider.prototypeExpression.replace(place, kPlace.size(), kPlaceOfProvider);
-    result.push_back(std::move(withPlaceOfProvider));
+    std::string phrase = result.back().prototypeExpression.string();
+    phrase.replace(place, kPlace.size(), kPlaceOfProvider);
+    result.push_back({std::move(phrase), result.back().identifier});
   }
   return result;
 }

@@ -43,17 +43,19 @@ template <class Visitor>
 void visitWordsOf(std::string_view phrase, Visitor&& visit) {
   std::vector<std::string> cut;
   for (std::size_t start = 0; start < phrase.size();) {
-    const std::size_t end = std::min(phrase.find(' ', start), phrase.size());
-    std::string_view piece = phrase.substr(start, end - start);
-    piece = piece.substr(0, piece.find(CustomType::requiredPrefix));
-    start = end + 1;
-    if (std::all_of(piece.begin(), piece.end(), isSmallLetter)) {
-      if (!piece.empty()) visit(piece);
+    std::size_t end = start;
+    while (end < phrase.size() && isSmallLetter(phrase[end])) ++end;
+    if (end == phrase.size() || phrase[end] == ' ') {
+      if (end > start) visit(phrase.substr(start, end - start));
     } else {
+      end = std::min(phrase.find(' ', end), phrase.size());
+      std::string_view piece = phrase.substr(start, end - start);
+      piece = piece.substr(0, piece.find(CustomType::requiredPrefix));
       cut.clear();
-      appendWordsOf(piece, cut);
+      if (!piece.empty()) appendWordsOf(piece, cut);
       for (const std::string& word : cut) visit(std::string_view(word));
     }
+    start = end + 1;
   }
 }
 
@@ -96,7 +98,10 @@ class NumericalFunctionKeywords::WordingCache {
 };
 
 NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> functions, PhraseWordings wordings)
-    : indexedFunctions_(std::move(functions)), kinds_(wordings), wordings_(std::make_shared<WordingCache>()) {
+    : indexedFunctions_(std::move(functions)),
+      kinds_(wordings),
+      wordings_(std::make_shared<WordingCache>()),
+      keywordTexts_(std::make_shared<std::deque<std::string>>()) {
   constexpr std::size_t kUsualWords = 6;  // of a phrase
   keywordsOfPhrases_.reserve(kUsualWords * indexedFunctions_.size());
   ends_.reserve(indexedFunctions_.size());
@@ -112,14 +117,15 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
   if (kinds_.variants) {
     FunctionVariantsGenerator::forEachReplacement([&](std::string_view word, std::string_view original) {
       const KeywordNumber number = numberOfKeyword(word);
-      const auto found = keywordNumbersForKeywords_.find(original);
+      const KeywordNumber* const found = keywordNumbersForKeywords_.find(original);
       // "%" is no word, and stands in no index.
-      replacements_.push_back({number, found == keywordNumbersForKeywords_.end() ? number : found->second});
+      replacements_.push_back({number, found == nullptr ? number : *found});
     });
     std::sort(replacements_.begin(), replacements_.end(),
               [](const Replacement& left, const Replacement& right) { return left.word < right.word; });
   }
-  keywords_ = WordFilter::ofKeys(keywordNumbersForKeywords_);
+  keywords_ = WordFilter(keywordNumbersForKeywords_.size());
+  for (const auto& [word, number] : keywordNumbersForKeywords_) keywords_.insert(word);
 
   std::vector<std::size_t> uses(keywordNumbersForKeywords_.size());
   for (const KeywordNumber keyword : keywordsOfPhrases_) ++uses[keyword];
@@ -138,10 +144,9 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
 }
 
 NumericalFunctionKeywords::KeywordNumber NumericalFunctionKeywords::numberOfKeyword(std::string_view word) {
-  const auto found = keywordNumbersForKeywords_.find(word);
-  if (found != keywordNumbersForKeywords_.end()) return found->second;
+  if (const KeywordNumber* const found = keywordNumbersForKeywords_.find(word)) return *found;
   const auto number = static_cast<KeywordNumber>(keywordNumbersForKeywords_.size());
-  keywordNumbersForKeywords_.emplace(word, number);
+  keywordNumbersForKeywords_.tryEmplace(keywordTexts_->emplace_back(word), number);
   return number;
 }
 
@@ -155,9 +160,7 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
     words.clear();
     appendWordsOf(token.stringValue, words);
     for (const std::string& word : words) {
-      if (const auto found = keywordNumbersForKeywords_.find(word); found != keywordNumbersForKeywords_.end()) {
-        numbers.push_back(found->second);
-      }
+      if (const KeywordNumber* const found = keywordNumbersForKeywords_.find(word)) numbers.push_back(*found);
     }
   }
   sortWithoutRepetitions(numbers);
@@ -206,8 +209,7 @@ std::vector<NumericalFunctionKeywords::Wording> NumericalFunctionKeywords::wordi
   for (Function& wording : functions) {
     std::vector<KeywordNumber> keywords;
     visitWordsOf(wording.prototypeExpression, [&](std::string_view word) {
-      const auto found = keywordNumbersForKeywords_.find(word);
-      if (found != keywordNumbersForKeywords_.end()) keywords.push_back(found->second);
+      if (const KeywordNumber* const found = keywordNumbersForKeywords_.find(word)) keywords.push_back(*found);
     });
     sortWithoutRepetitions(keywords);
     wordings.push_back({std::move(wording), std::move(keywords)});

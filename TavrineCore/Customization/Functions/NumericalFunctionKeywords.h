@@ -2,14 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "Foundation/StringMap.h"
 #include "Foundation/WordFilter.h"
+#include "Foundation/WordTable.h"
 #include "TavrineCore/Customization/Functions/Function.h"
 #include "TavrineCore/Imports.h"
 
@@ -75,8 +76,9 @@ class NumericalFunctionKeywords {
   std::vector<Function> indexedFunctions_;
   PhraseWordings kinds_;
   std::shared_ptr<WordingCache> wordings_;
-  std::vector<Replacement> replacements_;  // by word
-  StringMap<KeywordNumber> keywordNumbersForKeywords_;
+  std::vector<Replacement> replacements_;                  // by word
+  std::shared_ptr<std::deque<std::string>> keywordTexts_;  // which copies of the index share
+  WordTable<KeywordNumber> keywordNumbersForKeywords_;
   WordFilter keywords_;
   /// Of all phrases, one after the other.
   std::vector<KeywordNumber> keywordsOfPhrases_;

@@ -30,7 +30,7 @@ PlaceList::PlaceList(const PlaceList& base, const std::vector<Place>& additional
 }
 
 PlaceList PlaceList::standard() {
-  static PerCurrentLocale<PlaceList> lists;
+  static auto& lists = *new PerCurrentLocale<PlaceList>;  // never destroyed, as the resources behind them
   return lists.get([](const Locale&) {
     return PlaceList(Lazy<PlaceWords>([] { return StaticResouces::localizedPlaceWords(); }), Lazy<PlaceIndex>([] {
                        return PlaceIndex(StaticResouces::localizedCities(), StaticResouces::localizedCountries(),

@@ -1,11 +1,14 @@
 #include "TavrineCore/Customization/Places/PlaceWords.h"
 
+#include <array>
 #include <bit>
+#include <charconv>
 #include <cstddef>
 #include <optional>
+#include <system_error>
 #include <utility>
 
-#include "Foundation/Json.h"
+#include "TavrineCore/Customization/Engine/FlatRows.h"
 
 namespace tavrine {
 
@@ -26,42 +29,49 @@ std::uint64_t hashOfBytes(std::string_view text, std::uint64_t hash = kOffsetBas
   return hash;
 }
 
-int valueOfBase64(char c) {
-  if (c >= 'A' && c <= 'Z') return c - 'A';
-  if (c >= 'a' && c <= 'z') return c - 'a' + 26;
-  if (c >= '0' && c <= '9') return c - '0' + 52;
-  if (c == '+') return 62;
-  if (c == '/') return 63;
-  return -1;
-}
+constexpr auto kBase64 = [] {
+  std::array<std::int8_t, 256> values{};
+  values.fill(-1);
+  std::int8_t value = 0;
+  for (const char c : std::string_view("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/")) {
+    values[static_cast<unsigned char>(c)] = value++;
+  }
+  return values;
+}();
 
 std::optional<std::vector<std::uint8_t>> bytesOfBase64(std::string_view text) {
   while (text.ends_with('=')) text.remove_suffix(1);
-  std::vector<std::uint8_t> result;
-  result.reserve(text.size() / 4 * 3 + 3);
+  std::vector<std::uint8_t> result(text.size() * 6 / 8);
+  std::size_t count = 0;
   unsigned bits = 0;
-  int count = 0;
+  int bitCount = 0;
+  int worst = 0;
   for (const char c : text) {
-    const int value = valueOfBase64(c);
-    if (value < 0) return std::nullopt;
-    bits = bits << 6 | static_cast<unsigned>(value);
-    count += 6;
-    if (count < 8) continue;
-    count -= 8;
-    result.push_back(static_cast<std::uint8_t>(bits >> count));
+    const int value = kBase64[static_cast<unsigned char>(c)];
+    worst |= value;
+    bits = bits << 6 | (static_cast<unsigned>(value) & 0x3F);
+    bitCount += 6;
+    if (bitCount < 8) continue;
+    bitCount -= 8;
+    result[count++] = static_cast<std::uint8_t>(bits >> bitCount);
   }
+  if (worst < 0) return std::nullopt;
   return result;
 }
 
-std::optional<std::vector<std::uint8_t>> bytesAt(const Json& object, std::string_view key) {
-  const Json* const member = object.find(key);
-  const std::string* const text = member == nullptr ? nullptr : member->asString();
+std::optional<std::vector<std::uint8_t>> bytesAt(const FlatRow& object, std::string_view key) {
+  const std::string_view* const text = object.stringOf(key);
   return text == nullptr ? std::nullopt : bytesOfBase64(*text);
 }
 
-std::optional<std::int64_t> integerAt(const Json& object, std::string_view key) {
-  const Json* const member = object.find(key);
-  return member == nullptr ? std::nullopt : member->asInteger();
+std::optional<std::int64_t> integerAt(const FlatRow& object, std::string_view key) {
+  const FlatMember* const member = object.find(key, FlatMember::Kind::number);
+  if (member == nullptr) return std::nullopt;
+  const std::string_view digits = member->texts.front();
+  std::int64_t value = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (read.ec != std::errc() || read.ptr != digits.data() + digits.size()) return std::nullopt;
+  return value;
 }
 
 bool bitAt(const std::vector<std::uint8_t>& bytes, std::size_t index) {
@@ -71,30 +81,37 @@ bool bitAt(const std::vector<std::uint8_t>& bytes, std::size_t index) {
 }  // namespace
 
 DecodedResource<PlaceWords> PlaceWords::from(std::string_view bytes) {
-  const JsonParseResult parsed = Json::parse(bytes);
-  if (!parsed) return {std::nullopt, parsed.error + " at byte " + std::to_string(parsed.errorOffset)};
-  const std::optional<std::int64_t> filterBits = integerAt(*parsed.value, "filterBits");
-  const std::optional<std::int64_t> probes = integerAt(*parsed.value, "filterProbes");
-  std::optional<std::vector<std::uint8_t>> filter = bytesAt(*parsed.value, "places");
+  PlaceWords result;
+  std::string_view fault;
+  std::string error = readFlatRow(bytes, [&](const FlatRow& object) {
+    fault = result.takeFrom(object);
+    return fault.empty();
+  });
+  if (!fault.empty()) return {std::nullopt, std::string(fault)};
+  if (!error.empty()) return {std::nullopt, std::move(error)};
+  return {std::move(result), {}};
+}
+
+std::string_view PlaceWords::takeFrom(const FlatRow& object) {
+  const std::optional<std::int64_t> filterBits = integerAt(object, "filterBits");
+  const std::optional<std::int64_t> probes = integerAt(object, "filterProbes");
+  std::optional<std::vector<std::uint8_t>> filter = bytesAt(object, "places");
   if (!filter || filter->empty() || !std::has_single_bit(filter->size()) ||
       filterBits != static_cast<std::int64_t>(filter->size() * 8) || !probes || *probes < 1 ||
       *probes > kMaximumProbes) {
-    return {std::nullopt, "no filter of \"filterBits\" and \"filterProbes\" under \"places\""};
+    return "no filter of \"filterBits\" and \"filterProbes\" under \"places\"";
   }
-  std::optional<std::vector<std::uint8_t>> codes = bytesAt(*parsed.value, "airports");
-  if (!codes || codes->size() * 8 < kCodes) return {std::nullopt, "no set of codes under \"airports\""};
+  std::optional<std::vector<std::uint8_t>> codes = bytesAt(object, "airports");
+  if (!codes || codes->size() * 8 < kCodes) return "no set of codes under \"airports\"";
+  const auto* const ordinary = object.stringsOf("ordinary");
+  if (ordinary == nullptr) return "no array \"ordinary\"";
 
-  PlaceWords result;
-  result.filter_ = *std::move(filter);
-  result.probes_ = static_cast<unsigned>(*probes);
-  result.codes_ = *std::move(codes);
-  const Json* const ordinary = parsed.value->find("ordinary");
-  const Json::Array* const words = ordinary == nullptr ? nullptr : ordinary->asArray();
-  if (words == nullptr) return {std::nullopt, "no array \"ordinary\""};
-  for (const Json& word : *words) {
-    if (const std::string* const text = word.asString()) result.ordinary_.insert(*text);
-  }
-  return {std::move(result), {}};
+  filter_ = *std::move(filter);
+  probes_ = static_cast<unsigned>(*probes);
+  codes_ = *std::move(codes);
+  ordinary_.reserve(ordinary->size());
+  for (const std::string_view word : *ordinary) ordinary_.emplace(word);
+  return {};
 }
 
 bool PlaceWords::mayNamePlace(std::string_view word) const { return passesFilter(hashOfBytes(word)); }

@@ -11,6 +11,8 @@
 
 namespace tavrine {
 
+class FlatRow;
+
 /// What can be told of a word without the tables of places: whether it may name one, so that a process that meets no
 /// place reads no table, and whether it is an ordinary word as well. All texts are in lower case.
 ///
@@ -32,6 +34,8 @@ class PlaceWords {
   [[nodiscard]] bool isOrdinary(std::string_view word) const { return ordinary_.contains(word); }
 
  private:
+  /// What is wrong with the object; empty when nothing is.
+  [[nodiscard]] std::string_view takeFrom(const FlatRow& object);
   [[nodiscard]] bool passesFilter(std::uint64_t hash) const;
 
   std::vector<std::uint8_t> filter_;  // a power of two of bits, or empty: all pass

@@ -59,8 +59,8 @@ UnitListCache::UnitListCache(const UnitListCache& base, const std::vector<Custom
 }
 
 auto UnitListCache::unitDescriptionForQuery(std::string_view word) const -> const DescriptionPointer* {
-  const auto found = unitDescriptionsForQueries_.find(word);
-  return found == unitDescriptionsForQueries_.end() ? nullptr : &descriptions_[found->second];
+  const Index* const found = unitDescriptionsForQueries_.find(word);
+  return found == nullptr ? nullptr : &descriptions_[*found];
 }
 
 auto UnitListCache::unitDescriptionFor(UnitIdentifier identifier) const -> const DescriptionPointer* {
@@ -136,10 +136,10 @@ void UnitListCache::cacheCustomUnits(const std::vector<CustomUnit>& customUnits)
 }
 
 void UnitListCache::cacheWord(std::string_view word, Index index) {
-  unitDescriptionsForQueries_[word] = index;
+  unitDescriptionsForQueries_.insertOrAssign(word, index);
   if (!generateDiacriticFreeVariants_ || isNothingButAsciiLetters(word)) return;
   std::string plain = strippingDiacritics(word);
-  if (plain != word) unitDescriptionsForQueries_[keep(std::move(plain))] = index;
+  if (plain != word) unitDescriptionsForQueries_.insertOrAssign(keep(std::move(plain)), index);
 }
 
 void UnitListCache::cacheFirstWord(std::string_view name) {

@@ -11,6 +11,7 @@
 
 #include "Foundation/StringMap.h"
 #include "Foundation/WordFilter.h"
+#include "Foundation/WordTable.h"
 #include "TavrineCore/Customization/Units/CustomUnit.h"
 #include "TavrineCore/Customization/Units/UnitDescription.h"
 #include "TavrineCore/Imports.h"
@@ -77,7 +78,7 @@ class UnitListCache {
   WordFilter words_;
   WordFilter firstWords_;
   std::vector<DescriptionPointer> descriptions_;
-  StringViewMap<Index> unitDescriptionsForQueries_;
+  WordTable<Index> unitDescriptionsForQueries_;
   std::array<Index, kUnitIdentifierCount> unitDescriptionsByIdentifier_;
   // Words that stand in no description: what the views of the map look at must not move.
   std::vector<std::shared_ptr<const std::string>> ownWords_;

@@ -80,8 +80,9 @@ class CallCache {
 
   void keep(const Function& function, const PrototypeSequenceRef& call) {
     const bool isChinese = Locale::current().isChinese();
-    accessQueue_.sync(
-        [&] { return (isChinese ? chineseCalls_ : calls_).try_emplace(function.prototypeExpression, call).second; });
+    accessQueue_.sync([&] {
+      return (isChinese ? chineseCalls_ : calls_).try_emplace(function.prototypeExpression.string(), call).second;
+    });
   }
 
  private:

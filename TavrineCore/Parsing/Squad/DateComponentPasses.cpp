@@ -48,10 +48,9 @@ DateParser dateParserFor(const TokenList& list, const PassContext& context) {
   const bool identifyAmbiguousDates =
       context.features.seeksFutureDate ||
       (!list.typePrecheck(TokenType::equals) && Parser::shouldAttemptAmbiguousDateParsingIn(list));
-  return DateParser(context.customization,
-                    {.identifyAmbiguousDates = identifyAmbiguousDates,
-                     .identifyMilitaryTimestamps = true,
-                     .useUnitedStatesSandwichDates = context.content.localeMetadata->usesUnitedStatesDateFormat});
+  return DateParser(context.customization, {.identifyAmbiguousDates = identifyAmbiguousDates,
+                                            .identifyMilitaryTimestamps = true,
+                                            .localeMetadata = &context.content.localeMetadata});
 }
 
 }  // namespace

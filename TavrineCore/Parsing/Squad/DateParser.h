@@ -8,12 +8,14 @@
 #include "Foundation/Calendar.h"
 #include "Foundation/DateComponents.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
+#include "TavrineCore/Customization/Engine/LocaleMetadata.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Primitives/Datestamp.h"
 #include "TavrineCore/Parsing/Squad/DateNumbers.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
+#include "TavrineCore/Utility/Lazy.h"
 
 namespace tavrine {
 
@@ -23,8 +25,13 @@ struct DateParsingOptions {
   bool identifyAmbiguousDates = false;
   /// "1530 h" is half past three.
   bool identifyMilitaryTimestamps = false;
+  /// How the locale writes dates, asked only by a line that may hold one; nobody's way without it.
+  const Lazy<LocaleMetadata>* localeMetadata = nullptr;
+
   /// The month stands before the day; dots don't part dates.
-  bool useUnitedStatesSandwichDates = false;
+  [[nodiscard]] bool useUnitedStatesSandwichDates() const {
+    return localeMetadata != nullptr && (*localeMetadata)->usesUnitedStatesDateFormat;
+  }
 };
 
 /// Finds the words and digits of a line that tell dates and times, in two steps. First each piece becomes a token of

@@ -1,5 +1,6 @@
 // Dates of digits around separators: "2020-03-05", "12/25/2025", "12.11.2020", "3/4".
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <optional>
@@ -61,7 +62,7 @@ bool isDistant(std::int64_t year) { return year > 3000 || (year >= 100 && year <
 void DateParser::identifySandwichDatesIn(TokenList& list) const {
   if (!list.typePrecheck(TokenType::number)) return;
   if (list.typePrecheck(TokenType::operator_)) identifySlashAndDashDatesIn(list);
-  if (!options_.useUnitedStatesSandwichDates) scanForDotSeparatedDatesIn(list);
+  scanForDotSeparatedDatesIn(list);
   if (options_.identifyAmbiguousDates) scanForPartialDatesIn(list);
 }
 
@@ -89,6 +90,10 @@ void DateParser::identifySlashAndDashDatesIn(TokenList& list) const {
 }
 
 void DateParser::scanForDotSeparatedDatesIn(TokenList& list) const {
+  const bool holdsDots = std::any_of(list.begin(), list.end(), [](const Token& token) {
+    return token.is(TokenType::number) && token.stringValue.find(kDot) != std::string::npos;
+  });
+  if (!holdsDots || options_.useUnitedStatesSandwichDates()) return;
   if (engineCustomization_.locale().groupingSeparator() != std::string(1, kDot)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(TokenType::number)) continue;
@@ -147,7 +152,7 @@ std::optional<DateComponentsTokenMetadata> DateParser::dateComponentsMetadataFro
       return dayMonthYear(possibleDayOfMonth(day), possibleMonth(month), std::nullopt);
     };
     DateComponents components = read(numbers[1], numbers[0]);
-    if (!options_.useUnitedStatesSandwichDates || !isDate(components)) components = read(numbers[0], numbers[1]);
+    if (!options_.useUnitedStatesSandwichDates() || !isDate(components)) components = read(numbers[0], numbers[1]);
     if (!isDate(components)) return std::nullopt;
     return DateComponentsTokenMetadata(components, Type::dayAndMonth, /*ambiguous=*/true);
   }
@@ -160,7 +165,7 @@ std::optional<DateComponentsTokenMetadata> DateParser::dateComponentsMetadataFro
     const auto year = possibleYear(numbers[2]);
     if (!year) return std::nullopt;
     components = dayMonthYear(possibleDayOfMonth(numbers[1]), possibleMonth(numbers[0]), year);
-    if (!options_.useUnitedStatesSandwichDates || !isDate(components)) {
+    if (!options_.useUnitedStatesSandwichDates() || !isDate(components)) {
       components = dayMonthYear(possibleDayOfMonth(numbers[0]), possibleMonth(numbers[1]), year);
     }
   }
