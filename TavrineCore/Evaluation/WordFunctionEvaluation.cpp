@@ -155,8 +155,9 @@ bool isGap(const TokenPrototype& prototype) {
 /// What a phrase hands over besides its gaps: words of its own, or the one value in a second place.
 void addUntoldArguments(const PrototypeSequence& sequence, FunctionIdentifier identifier, const TokenList& phrase,
                         std::vector<Token>& arguments) {
-  if (std::none_of(sequence.prototypes().begin(), sequence.prototypes().end(),
-                   [](const auto& prototype) { return isGap(*prototype); })) {
+  const auto gaps = std::count_if(sequence.prototypes().begin(), sequence.prototypes().end(),
+                                  [](const auto& prototype) { return isGap(*prototype); });
+  if (gaps == 0) {
     if (std::optional<Token> subject = hereOrNow(identifier)) arguments.push_back(*std::move(subject));
     return;
   }
@@ -164,8 +165,15 @@ void addUntoldArguments(const PrototypeSequence& sequence, FunctionIdentifier id
     if (std::optional<Token> day = dayOwning(phrase)) arguments.push_back(*std::move(day));
     return;
   }
+  if (arguments.size() == 3 && identifier == FunctionIdentifier::multipliedBy) {
+    arguments = {product(arguments[0], arguments[1]), arguments[2]};
+  }
   if (arguments.size() != 1) return;
   switch (identifier) {
+    case FunctionIdentifier::differenceBetweenTimezones:
+      // "how many hours ahead is Tokyo": of here.
+      if (gaps == 1) arguments.insert(arguments.begin(), TokenFactory::timezoneWith(Calendar::current().timeZone()));
+      break;
     case FunctionIdentifier::percentOf:
       if (std::optional<Token> fraction = fractionInWords(phrase)) arguments.insert(arguments.begin(), *fraction);
       break;
@@ -242,7 +250,7 @@ std::vector<std::size_t> placesIn(std::string_view phrase, std::size_t argumentC
 bool countsFromTheLast(const Function& function) {
   const std::string_view phrase = function.prototypeExpression;
   constexpr auto kPhrases =
-      std::to_array<std::string_view>({"ahead is __timezone", "__timezone ahead of", "behind __timezone is"});
+      std::to_array<std::string_view>({"ahead is __timezone ", "__timezone ahead of", "behind __timezone is"});
   return function.identifier == FunctionIdentifier::differenceBetweenTimezones &&
          std::any_of(kPhrases.begin(), kPhrases.end(),
                      [phrase](std::string_view words) { return phrase.find(words) != std::string_view::npos; });

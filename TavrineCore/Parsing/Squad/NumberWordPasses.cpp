@@ -17,6 +17,7 @@
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
+#include "TavrineCore/Parsing/Squad/UnitTokens.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine::passes {
@@ -99,28 +100,58 @@ std::optional<Decimal> partNamed(std::string_view word) {
   return std::nullopt;
 }
 
-/// "two and a half" → 2.5, before the number counts anything. In "two and a half of it" the half is something else.
+/// What stands before "and a half": a number, or a number of a unit.
+struct Counted {
+  std::size_t first = 0;  // the number's index
+  Decimal count;
+  std::optional<TCUnit> unit = std::nullopt;
+};
+
+/// "two", "2 hours", and the one hour of "an hour", at whose end the index is.
+std::optional<Counted> countedAt(const TokenList& list, std::size_t index) {
+  const auto isNumber = [](const Token& token) {
+    return (token.is(TokenType::number) || token.is(TokenType::numberWord)) && token.hasDecimalValue();
+  };
+  if (isNumber(list[index])) return Counted{index, list[index].decimalValue()};
+  const auto unit = list[index].is(TokenType::unit) ? list[index].unitValue() : std::nullopt;
+  const auto before = unit ? list.indexBefore(index, /*ignoreWhitespace=*/true) : std::nullopt;
+  if (!before) return std::nullopt;
+  if (list[*before].is(TokenType::grammerArticleWord, TokenSubType::indefiniteGrammarArticleWord) ||
+      lowercased(list[*before].stringValue) == "an") {
+    return Counted{*before, Decimal(1), unit};
+  }
+  if (isNumber(list[*before])) return Counted{*before, list[*before].decimalValue(), unit};
+  return std::nullopt;
+}
+
+/// "two and a half" → 2.5, before the number counts anything, and "an hour and a half" → 1.5 hours. In "two and a half
+/// of it" the half is something else.
 void addHalves(TokenList& list) {
   if (!list.typesPrecheck({TokenType::conjunctionWord, TokenType::grammerArticleWord})) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(TokenType::grammerArticleWord, TokenSubType::indefiniteGrammarArticleWord)) continue;
-    const auto conjunction = list.indexBefore(i, /*ignoreWhitespace=*/true);
-    if (!conjunction || list[*conjunction].subType != TokenSubType::conjunctionWordAnd) continue;
-    const auto count = list.indexBefore(*conjunction, /*ignoreWhitespace=*/true);
-    if (!count || !(list[*count].is(TokenType::number) || list[*count].is(TokenType::numberWord))) continue;
     const auto part = list.indexAfter(i, /*ignoreWhitespace=*/true);
     const auto added = part ? partNamed(list[*part].stringValue) : std::nullopt;
-    if (!added || !list[*count].hasDecimalValue()) continue;
+    const auto conjunction = added ? list.indexBefore(i, /*ignoreWhitespace=*/true) : std::nullopt;
+    if (!conjunction || list[*conjunction].subType != TokenSubType::conjunctionWordAnd) continue;
+    const auto last = list.indexBefore(*conjunction, /*ignoreWhitespace=*/true);
+    const auto counted = last ? countedAt(list, *last) : std::nullopt;
+    if (!counted) continue;
     const Token* next = list.tokenAfter(*part, /*ignoreWhitespace=*/true);
     if (next != nullptr && next->is(TokenType::prepositionWord, TokenSubType::prepositionWordOf)) continue;
-    TokenSlice slice = list.slice(*count, *part);
-    std::string text = slice.stringValue();
-    const NSRange range = slice.range();
-    const NumberTokenMetadata metadata(list[*count].decimalValue() + *added, std::nullopt,
-                                       /*isNumberWord=*/representsNumberWord(list[*count]));
-    list.replaceRun(*count, *part,
-                    numberToken(metadata, std::move(text), range, TokenList::frozen(std::move(slice.tokens))));
-    i = *count;
+    const NumberTokenMetadata metadata(counted->count + *added, std::nullopt,
+                                       /*isNumberWord=*/!counted->unit && representsNumberWord(list[counted->first]));
+    TokenSlice slice = list.slice(counted->first, *part);
+    if (counted->unit) {
+      list.replaceRun(counted->first, *part,
+                      unitExpressionToken(std::move(slice), *counted->unit, metadata, /*prefersCompound=*/false));
+    } else {
+      std::string text = slice.stringValue();
+      const NSRange range = slice.range();
+      list.replaceRun(counted->first, *part,
+                      numberToken(metadata, std::move(text), range, TokenList::frozen(std::move(slice.tokens))));
+    }
+    i = counted->first;
   }
 }
 

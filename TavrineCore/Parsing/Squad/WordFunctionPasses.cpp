@@ -138,7 +138,8 @@ class CallWrapper {
   /// A host that has a phrase wants to hear of it wherever it is said; the built-in ones mind what stands around them.
   [[nodiscard]] bool isMeant(const PrototypeSequenceMatcher::Match& match) const {
     if (!match.sequence->functionIdentifier()) return true;
-    return !isExclamation(match) && !isPriceOfRate(match) && !isOfPart(match) && !isPartOfProse(match);
+    return !isExclamation(match) && !isPriceOfRate(match) && !isOfPart(match) && !isTimeElsewhere(match) &&
+           !isPartOfProse(match);
   }
 
   /// A few words without a gap, such as "week number" or "timestamp", ask for something where they stand for
@@ -168,6 +169,14 @@ class CallWrapper {
     const Token* part = list_.tokenBefore(*of, /*ignoreWhitespace=*/true);
     return part != nullptr && (part->is(TokenType::percentage) || part->is(TokenType::fraction) ||
                                lowercased(part->stringValue) == "half");
+  }
+
+  /// "3pm London time in Tokyo": another time is to be told there than that of now.
+  [[nodiscard]] bool isTimeElsewhere(const PrototypeSequenceMatcher::Match& match) const {
+    if (match.sequence->functionIdentifier() != FunctionIdentifier::timeInTimezone) return false;
+    const auto before =
+        list_.indexBefore(match.slice.startIndex, /*ignoreWhitespace=*/true, TokenTypeSet::wordCommentsSet);
+    return before && list_[*before].is(TokenType::datestamp) && match.slice.tokens.back().is(TokenType::timezone);
   }
 
   /// "5 tickets at $3" costs $15, but "5 pears at $3 / apple" is no purchase.
