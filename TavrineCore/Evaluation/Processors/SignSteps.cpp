@@ -78,8 +78,9 @@ Token withoutSign(const Token& token) {
 /// The parser reads "-5" as one number. Where the sign is an operation, or a power is to come before it, it becomes an
 /// operator again: "-2^2" is -(2^2), "3 -2" a subtraction. "2 ^ -3" keeps its negative number.
 std::size_t detachUnaryMinus(EditableTokenList& list, std::size_t index, const Token* parent) {
-  // What they hold is read as a value: "-86400 as date" lies before 1970.
-  constexpr TokenTypeSet kHoldersOfValues{TokenType::wordFunction, TokenType::unitExpression, TokenType::unixTimestamp};
+  // What they hold is read as a value: "-86400 as date" lies before 1970, "3, -5" is no subtraction.
+  constexpr TokenTypeSet kHoldersOfValues{TokenType::wordFunction, TokenType::unitExpression, TokenType::unixTimestamp,
+                                          TokenType::list};
   if (parent != nullptr && kHoldersOfValues.contains(parent->type)) return index;
   const Token& token = list[index];
   if (!isNegative(token)) return index;
