@@ -63,7 +63,8 @@ class Power {
 // the value it starts from: once a value comes back, what follows is a cycle, and where the limit falls in it is known.
 class CycleWatch {
  public:
-  explicit CycleWatch(const Decimal& start) : previous_(start), beforePrevious_(start), anchor_(start) {}
+  CycleWatch(const Decimal& start, int round)
+      : previous_(start), beforePrevious_(start), anchor_(start), anchorRound_(round) {}
 
   // After `round` rounds (counted from 1) have led to `value`: how many more lead to the value that all would end with.
   // Absent as long as no value has come back.
@@ -85,7 +86,7 @@ class CycleWatch {
   Decimal previous_;
   Decimal beforePrevious_;
   Decimal anchor_;
-  int anchorRound_ = 0;
+  int anchorRound_;
 };
 
 // The magnitude to a few digits, at a fraction of the cost of the true one.
@@ -107,18 +108,46 @@ bool isWithinTolerance(const Decimal& power, const Decimal& value) {
   return difference < kConvergenceTolerance && !difference.isNaN();
 }
 
+// A guess, and how many rounds of Newton's method have led to it.
+struct Approach {
+  Decimal guess;
+  int rounds = 0;
+};
+
+// The rounds towards a square root that lead from `start` to within a thousandth of it, in floating point. Each round
+// from there on squares the distance, and with it what was rounded here; and next to the root a round gives the same
+// for every guess, since the guess and its share of the value are added without a loss. So no digit of the root shows
+// it. That holds as long as the tolerance is out of reach of all but the root. (Roots of other degrees depend on the
+// last digits of the guesses on the way.)
+Approach approachInFloatingPoint(const Decimal& value, const Decimal& start) {
+  constexpr Decimal kLeast = "1e-24"_dec;
+  constexpr int kUsefulRounds = 400;
+  if (value < kLeast) return {start};
+  const double magnitude = value.doubleValue();
+  const double root = std::sqrt(magnitude);
+  double guess = start.doubleValue();
+  int rounds = 0;
+  for (; !(std::abs(guess - root) <= 1e-3 * root); ++rounds) {
+    if (rounds == kUsefulRounds) return {start};
+    guess = (magnitude / guess + guess) / 2;
+  }
+  if (rounds == 0) return {start};
+  return {Decimal::fromDouble(guess), rounds};
+}
+
 // Newton's method for a root of `value`. `lowerPower(guess)` is the guess to the degree less one, from which
 // `step(guess, lower)` makes the next guess and `power(guess, lower)` the guess to the degree.
 //
 // With `movesFromAbove` the degree is whole and at least 2, and the value not tiny: then a step that moved the guess by
 // more than a thousandth has left it above the root by 4e-7 of it or more, and needs no test against the tolerance.
 template <class LowerPower, class Step, class Power>
-Decimal newton(const Decimal& value, Decimal guess, bool movesFromAbove, const LowerPower& lowerPower, const Step& step,
-               const Power& power) {
-  CycleWatch watch(guess);
+Decimal newton(const Decimal& value, const Approach& start, bool movesFromAbove, const LowerPower& lowerPower,
+               const Step& step, const Power& power) {
+  Decimal guess = start.guess;
+  CycleWatch watch(guess, start.rounds);
   int lastRound = kIterationLimit;
   Decimal lower = lowerPower(guess);
-  for (int round = 1; round <= lastRound; ++round) {
+  for (int round = start.rounds + 1; round <= lastRound; ++round) {
     const double before = movesFromAbove ? roughly(guess) : 0;
     guess = step(guess, lower);
     lower = lowerPower(guess);
@@ -204,7 +233,7 @@ Decimal DDDecimalSqrt(const Decimal& value) {
     return multiply(sum, "0.5"_dec, kBankers);  // cheaper than the division by 2, and the same
   };
   const auto square = [](const Decimal& guess, const Decimal&) { return multiply(guess, guess, kBankers); };
-  return newton(value, start, value >= kLeastForSkipping, itself, step, square);
+  return newton(value, approachInFloatingPoint(value, start), value >= kLeastForSkipping, itself, step, square);
 }
 
 Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
@@ -228,7 +257,7 @@ Decimal DDDecimalNthRoot(const Decimal& value, const Decimal& degree) {
   };
   const bool movesFromAbove = degree >= 2 && degree.isWhole() && value.magnitude() >= kLeastForSkipping;
   const auto rootFrom = [&](const Decimal& start) {
-    return newton(value, start, movesFromAbove, powerOfOneLess, step, fullPower);
+    return newton(value, {start}, movesFromAbove, powerOfOneLess, step, fullPower);
   };
   // From the value itself the powers may leave the range, or the way may be too long: the first step from 0.5 towards
   // its 30th root leads to ten millions. Then the search starts where floating point sees the root.

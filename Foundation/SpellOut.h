@@ -23,7 +23,10 @@ class SpellOut {
 
  private:
   struct Impl;
-  std::unique_ptr<Impl> impl_;
+  static std::optional<std::string> wordsBy(const Impl& impl, std::int64_t number);
+
+  Locale locale_;
+  std::unique_ptr<Impl> impl_;  // null where the words are composed here
 };
 
 }  // namespace tavrine::foundation

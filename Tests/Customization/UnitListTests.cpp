@@ -396,6 +396,18 @@ TEST_F(UnitListTest, IsSharedAndExtendedBetweenContents) {
   EXPECT_EQ(meaningOf(*plain->unitList, "barrel"), undefined);
 }
 
+TEST(UnitWords, BeginWithNoSignOfSums) {
+  // Sums without a word are reckoned on that.
+  const EngineContent content(EngineCustomization::usStandard());
+  const auto isSign = [](std::string_view word) {
+    return std::string_view("+-*/^=()").find(word[0]) != std::string::npos;
+  };
+  content.unitList->cache().forEachQuery(
+      [&](std::string_view word, const auto&) { EXPECT_FALSE(word.empty() || isSign(word)) << word; });
+  for (const std::string& word : content.unitList->firstWordsInMultiWordUnitsCache())
+    EXPECT_FALSE(isSign(word)) << word;
+}
+
 TEST(UnitResources, SpoilTheFileWithOneBadEntry) {
   const auto good = StaticResouces::unitDescriptionsFrom(
       R"([{"symbol": "dz", "aliases": ["dozen"], "identifier": "meters", "equivalence": 12.5}])");

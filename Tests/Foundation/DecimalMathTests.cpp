@@ -119,6 +119,16 @@ TEST(DecimalMath, RootsLeaveEarlyWithTheSameDigits) {
     EXPECT_EQ(DDDecimalSqrt(value), squareRootInAllRounds(value)) << value;
     EXPECT_EQ(DDDecimalNthRoot(value, 3), rootInAllRounds(value, 3)) << value;
   }
+  // The way down to a square root is partly in floating point: beside squares and powers of ten, where digits come and
+  // go, from far away, and for values so small that the tolerance ends the loop.
+  for (const char* digits : {"99999999999999999999999999999999999999", "10000000000000000000000000000000000001",
+                             "15241578750190521", "2", "31622776601683793319988935444327", "4000000000000000000001"}) {
+    for (const int exponent : {-70, -61, -50, -40, -31, -24, -7, 0, 1, 2, 3, 30, 88}) {
+      const Decimal value = *Decimal::parse(digits + ("e" + std::to_string(exponent)));
+      if (value < "1e-40"_dec) continue;
+      EXPECT_EQ(DDDecimalSqrt(value), squareRootInAllRounds(value)) << value;
+    }
+  }
   for (const Decimal& degree : {"2"_dec, "5"_dec, "2.5"_dec}) {
     for (const Decimal& value : {"2"_dec, "0.3"_dec, "99"_dec}) {
       EXPECT_EQ(DDDecimalNthRoot(value, degree), rootInAllRounds(value, degree)) << value << ", root " << degree;

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "Foundation/Json.h"
+#include "Foundation/JsonEvents.h"
 
 namespace tavrine::foundation {
 namespace {
@@ -57,6 +58,92 @@ TEST(Json, RefusesWhatIsNoJson) {
     EXPECT_FALSE(result) << c.text;
     EXPECT_FALSE(result.error.empty()) << c.text;
     EXPECT_NEAR(static_cast<double>(result.errorOffset), static_cast<double>(c.offset), 1) << c.text;
+  }
+}
+
+/// Writes down what it is told.
+class Recorder final : public JsonEventHandler {
+ public:
+  explicit Recorder(std::string_view text) : text_(text) {}
+
+  void objectBegins(std::size_t at) override { record(text_.substr(at, 1)); }
+  void objectEnds(std::size_t at) override { record(text_.substr(at - 1, 1)); }
+  void arrayBegins() override { record("["); }
+  void arrayEnds() override { record("]"); }
+  void key(std::string_view name) override { record(std::string(name) + ":"); }
+  void string(std::string_view value, std::size_t end) override {
+    record("'" + std::string(value) + "'");
+    EXPECT_EQ(text_[end - 1], '"');
+  }
+  void number(std::string_view digits) override { record(digits); }
+  void literal(bool isNull) override { record(isNull ? "null" : "truth"); }
+
+  [[nodiscard]] const std::string& events() const { return events_; }
+
+ private:
+  void record(std::string_view event) { events_.append(events_.empty() ? "" : " ").append(event); }
+
+  std::string_view text_;
+  std::string events_;
+};
+
+TEST(JsonEvents, ComeInTheOrderOfTheText) {
+  struct Case {
+    std::string_view text, want;
+  };
+  const Case cases[] = {
+      {" [] ", "[ ]"},
+      {"{ }", "{ }"},
+      {R"([{"a" : [1, -2.5e+3 , null],"b":{}}, true,false])", "[ { a: [ 1 -2.5e+3 null ] b: { } } truth truth ]"},
+      {R"("twelve bytes, and more")", "'twelve bytes, and more'"},
+      {R"(["a\"b", "eight by\n", "\u00e9\ud83d\ude00\/", ""])", "[ 'a\"b' 'eight by\n' 'é😀/' '' ]"},
+      {R"(["Zürich", "1234567\\"])", "[ 'Zürich' '1234567\\' ]"},
+      {"1e-400", "1e-400"},
+  };
+  for (const Case& c : cases) {
+    Recorder recorder(c.text);
+    EXPECT_EQ(readJsonEvents(c.text, recorder), "") << c.text;
+    EXPECT_EQ(recorder.events(), c.want) << c.text;
+  }
+}
+
+TEST(JsonEvents, RefuseWhatTheReaderOfValuesRefuses) {
+  const std::string_view texts[] = {"",
+                                    "[1,]",
+                                    "{\"a\":}",
+                                    "{\"a\" 1}",
+                                    "{\"a\":1,}",
+                                    "{\"a\":1]",
+                                    "[1] x",
+                                    "[}",
+                                    "01",
+                                    "1.",
+                                    "-",
+                                    "+1",
+                                    "1e",
+                                    "1e400",
+                                    "nul",
+                                    "{a:1}",
+                                    "\"\\ud800\"",
+                                    "\"\\ud800\\u0041\"",
+                                    "\"\\udc00\"",
+                                    "\"\\u12g4\"",
+                                    "\"\\x\"",
+                                    "\"a\nb\"",
+                                    "\"a longer text\nof two lines\"",
+                                    "\"open",
+                                    "[\"a\"",
+                                    {"[1]\0", 4}};
+  for (const std::string_view text : texts) {
+    Recorder recorder(text);
+    EXPECT_NE(readJsonEvents(text, recorder), "") << text;
+    EXPECT_FALSE(Json::parse(text)) << text;
+  }
+  const std::string whole = R"([{"key":"a \u00e9 text","n":-1.5e3},[null,true]])";
+  for (std::size_t size = 0; size < whole.size(); ++size) {
+    const std::string cut = whole.substr(0, size);
+    Recorder recorder(cut);
+    EXPECT_NE(readJsonEvents(cut, recorder), "") << cut;
   }
 }
 

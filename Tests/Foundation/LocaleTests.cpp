@@ -1,5 +1,11 @@
 #include <gtest/gtest.h>
+#include <unicode/locid.h>
+#include <unicode/rbnf.h>
+#include <unicode/unistr.h>
 
+#include <cstdint>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <unordered_set>
 #include <vector>
@@ -167,6 +173,34 @@ TEST(PluralRules, CategoriesByLanguage) {
   for (const Case& c : cases) EXPECT_EQ(pluralCategory(c.number, Locale(c.locale)), c.want) << c.locale << c.number;
   EXPECT_EQ(pluralCategory(1.0, Locale("en_US")), one);
   EXPECT_EQ(pluralCategory(2.0, Locale("ru_RU")), few);
+}
+
+TEST(SpellOut, EnglishIsThatOfTheLocaleData) {
+  std::vector<std::int64_t> numbers = {1'000'000'000'000'000'000 - 1, 1'000'000'000'000'000'000};
+  for (std::int64_t number = 0; number <= 130; ++number) numbers.push_back(number);
+  for (std::int64_t power = 1000; power <= 100'000'000'000'000'000; power *= 10) {
+    for (const std::int64_t number : {power - 1, power, power + 7, power + power / 1000 * 12})
+      numbers.push_back(number);
+  }
+  std::int32_t count = 0;
+  const icu::Locale* const locales = icu::Locale::getAvailableLocales(count);
+  for (std::int32_t i = 0; i < count; ++i) {
+    if (std::string_view(locales[i].getLanguage()) != "en") continue;
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::RuleBasedNumberFormat oracle(icu::URBNF_SPELLOUT, locales[i], status);
+    ASSERT_TRUE(U_SUCCESS(status));
+    const SpellOut spellOut{Locale(locales[i].getName())};
+    for (const std::int64_t number : numbers) {
+      for (const std::int64_t signed_ : {number, -number}) {
+        icu::UnicodeString text;
+        icu::FieldPosition position;
+        oracle.format(signed_, text, position, status);
+        std::string want;
+        text.toUTF8String(want);
+        ASSERT_EQ(spellOut.words(signed_), want) << locales[i].getName();
+      }
+    }
+  }
 }
 
 TEST(SpellOut, WordsByLanguage) {

@@ -9,6 +9,7 @@
 
 #include "Foundation/StringMap.h"
 #include "Foundation/WordFilter.h"
+#include "Foundation/WordTable.h"
 
 namespace tavrine::testing {
 
@@ -24,6 +25,30 @@ std::vector<std::string> manyWords() {
     words.push_back("word" + std::to_string(i) + "s");
   }
   return words;
+}
+
+TEST(WordTable, KnowsItsWordsInTheirOrderAndNoOthers) {
+  const std::vector<std::string> words = manyWords();
+  WordTable<std::size_t> table;
+  EXPECT_EQ(table.find("a"), nullptr);
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    EXPECT_EQ(table.find(words[i]), nullptr) << words[i];
+    EXPECT_TRUE(table.tryEmplace(words[i], i).isNew);
+  }
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const auto again = table.tryEmplace(words[i], 0);
+    EXPECT_FALSE(again.isNew);
+    EXPECT_EQ(again.value, i);
+    table.insertOrAssign(words[i], i + 1);
+  }
+  ASSERT_EQ(table.size(), words.size());
+  std::size_t count = 0;
+  for (const auto& [word, value] : table) {
+    EXPECT_EQ(word, words[count]);
+    EXPECT_EQ(value, ++count);
+  }
+  EXPECT_EQ(table.find(""), nullptr);
+  EXPECT_EQ(table.find("word"), nullptr);
 }
 
 TEST(StringHash, TellsAlikeTextsApart) {

@@ -78,7 +78,12 @@ std::vector<Function> FunctionVendor::prototypesFor(const EngineCustomization& c
   functions.reserve(count);
   for (const FunctionDescription& description : *descriptions) {
     if (disabled.contains(description.identifier)) continue;
+    const bool mayHaveForms = weatherFunctionIdentifiers.contains(description.identifier);
     for (const SharedText* phrase : longestFirst(description.prototypeExpressions)) {
+      if (!mayHaveForms && isAscii(*phrase)) {
+        functions.push_back({*phrase, description.identifier});
+        continue;
+      }
       FunctionVariantsGenerator::appendFormsOf({*phrase, description.identifier}, forms);
       for (Function& form : forms) {
         std::string plain;

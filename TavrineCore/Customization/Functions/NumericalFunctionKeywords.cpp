@@ -107,11 +107,13 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
   ends_.reserve(indexedFunctions_.size());
   for (const Function& function : indexedFunctions_) {
     const auto first = static_cast<std::ptrdiff_t>(keywordsOfPhrases_.size());
-    visitWordsOf(function.prototypeExpression,
-                 [&](std::string_view word) { keywordsOfPhrases_.push_back(numberOfKeyword(word)); });
-    std::sort(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end());
-    keywordsOfPhrases_.erase(std::unique(keywordsOfPhrases_.begin() + first, keywordsOfPhrases_.end()),
-                             keywordsOfPhrases_.end());
+    visitWordsOf(function.prototypeExpression, [&](std::string_view word) {
+      const KeywordNumber number = numberOfKeyword(word);
+      // Among a handful of words, in their order.
+      auto place = keywordsOfPhrases_.end();
+      while (place != keywordsOfPhrases_.begin() + first && *(place - 1) >= number) --place;
+      if (place == keywordsOfPhrases_.end() || *place != number) keywordsOfPhrases_.insert(place, number);
+    });
     ends_.push_back(keywordsOfPhrases_.size());
   }
   if (kinds_.variants) {

@@ -22,10 +22,17 @@ std::uint64_t hashOfBeginning(std::string_view firstLexeme, std::string_view sec
 /// The part of a hash that tells apart what shares a slot.
 std::uint32_t tagOf(std::uint64_t hash) { return static_cast<std::uint32_t>(hash >> 32); }
 
-/// Calls with the lower-case form of the text; a copy is made only where there is a capital.
+/// Calls with the lower-case form of the text; a copy is made only where there is a capital, and rarely one that costs
+/// an allocation, since all names pass through here when the index is made.
 template <class Use>
 auto withLowercase(std::string_view text, Use use) {
   if (isLowercased(text)) return use(text);
+  std::array<char, 64> copy;
+  if (text.size() <= copy.size() && isAscii(text)) {
+    std::transform(text.begin(), text.end(), copy.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    return use(std::string_view(copy.data(), text.size()));
+  }
   const std::string lower = lowercased(text);
   return use(std::string_view(lower));
 }

@@ -7,6 +7,7 @@
 #include "Foundation/Json.h"
 #include "Foundation/JsonEvents.h"
 #include "Foundation/StringMap.h"
+#include "TavrineCore/Customization/Engine/FlatRows.h"
 
 namespace tavrine {
 
@@ -95,11 +96,7 @@ class PlaceRows::Reading final : public JsonEventHandler {
 
   /// Where the text of a string stands; one that is written with escapes gets its text behind the end of the file.
   std::uint32_t placeOf(std::string_view value, std::size_t end) {
-    if (end > value.size()) {
-      const std::size_t offset = end - 1 - value.size();
-      if (std::string_view(rows_.bytes_).substr(offset, value.size()) == value)
-        return static_cast<std::uint32_t>(offset);
-    }
+    if (isPartOf(value, rows_.bytes_)) return static_cast<std::uint32_t>(end - 1 - value.size());
     const std::size_t offset = rows_.bytes_.size() + behind_.size();
     behind_.append(value);
     return static_cast<std::uint32_t>(offset);
@@ -118,8 +115,15 @@ DecodedResource<PlaceRows> PlaceRows::from(std::string bytes) {
   if (bytes.size() > std::numeric_limits<std::uint32_t>::max() / 4) return {std::nullopt, "more than a gigabyte"};
   PlaceRows result;
   result.bytes_ = std::move(bytes);
+  // Of most files more than they need, so that no array moves while it grows.
+  constexpr std::size_t kBytesOfRow = 96;
+  constexpr std::size_t kBytesOfName = 64;
+  result.rows_.reserve(result.bytes_.size() / kBytesOfRow);
+  result.names_.reserve(result.bytes_.size() / kBytesOfName);
+  result.keys_.reserve(result.bytes_.size() / kBytesOfRow);
   Reading reading(result);
-  if (std::string error = readJsonEvents(result.bytes_, reading); !error.empty()) return {std::nullopt, std::move(error)};
+  if (std::string error = readJsonEvents(result.bytes_, reading); !error.empty())
+    return {std::nullopt, std::move(error)};
   if (!reading.everyRowHasName()) return {std::nullopt, "a row has no \"name\""};
   result.bytes_.append(reading.behind_);
   result.rows_.shrink_to_fit();

@@ -41,21 +41,22 @@ constexpr auto kBase64 = [] {
 
 std::optional<std::vector<std::uint8_t>> bytesOfBase64(std::string_view text) {
   while (text.ends_with('=')) text.remove_suffix(1);
-  std::vector<std::uint8_t> result(text.size() * 6 / 8);
-  std::size_t count = 0;
-  unsigned bits = 0;
-  int bitCount = 0;
+  constexpr std::size_t kGroup = 4;
+  std::vector<std::uint8_t> result;
+  result.reserve(text.size() * 3 / kGroup + 3);
+  const std::size_t count = text.size() * 6 / 8;
   int worst = 0;
-  for (const char c : text) {
-    const int value = kBase64[static_cast<unsigned char>(c)];
-    worst |= value;
-    bits = bits << 6 | (static_cast<unsigned>(value) & 0x3F);
-    bitCount += 6;
-    if (bitCount < 8) continue;
-    bitCount -= 8;
-    result[count++] = static_cast<std::uint8_t>(bits >> bitCount);
+  for (std::size_t i = 0; i < text.size(); i += kGroup) {
+    unsigned bits = 0;
+    for (std::size_t j = i; j < i + kGroup; ++j) {
+      const int value = j < text.size() ? kBase64[static_cast<unsigned char>(text[j])] : 0;
+      worst |= value;
+      bits = bits << 6 | (static_cast<unsigned>(value) & 0x3F);
+    }
+    for (const int shift : {16, 8, 0}) result.push_back(static_cast<std::uint8_t>(bits >> shift & 0xFF));
   }
   if (worst < 0) return std::nullopt;
+  result.resize(count);
   return result;
 }
 

@@ -90,10 +90,12 @@ void DateParser::identifySlashAndDashDatesIn(TokenList& list) const {
 }
 
 void DateParser::scanForDotSeparatedDatesIn(TokenList& list) const {
-  const bool holdsDots = std::any_of(list.begin(), list.end(), [](const Token& token) {
-    return token.is(TokenType::number) && token.stringValue.find(kDot) != std::string::npos;
+  // How a locale writes dates takes long to find out, and most numbers have one dot at most.
+  const bool mayHoldDate = std::any_of(list.begin(), list.end(), [](const Token& token) {
+    const std::string& text = token.stringValue;
+    return token.is(TokenType::number) && text.find(kDot) != text.rfind(kDot);
   });
-  if (!holdsDots || options_.useUnitedStatesSandwichDates()) return;
+  if (!mayHoldDate || options_.useUnitedStatesSandwichDates()) return;
   if (engineCustomization_.locale().groupingSeparator() != std::string(1, kDot)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(TokenType::number)) continue;

@@ -5,11 +5,27 @@
 
 namespace tavrine {
 
+namespace {
+
+/// Whether the text is the sign of a sum, and nothing that a user brought along makes it more than that. No name of the
+/// vocabulary is or begins with one, so that sums are reckoned without the words of units, as long as nobody needed
+/// these before.
+bool isNothingButSign(std::string_view text, const PassContext& context) {
+  constexpr std::string_view kSigns = "+-*/^=()";
+  if (text.size() != 1 || kSigns.find(text.front()) == std::string_view::npos) return false;
+  return !context.content.unitList.isBuilt() && context.customization.customUnits().empty() &&
+         context.customization.currencySymbolSettings().symbols() == nullptr;
+}
+
+}  // namespace
+
 std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context) {
+  if (isNothingButSign(name, context)) return std::nullopt;
   return context.content.unitList->quickLookup(name);
 }
 
 bool beginsMultiWordUnit(std::string_view word, const PassContext& context) {
+  if (isNothingButSign(word, context)) return false;
   return context.content.unitList->beginsMultiWordUnit(word);
 }
 
