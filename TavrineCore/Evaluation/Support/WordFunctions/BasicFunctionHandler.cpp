@@ -248,6 +248,7 @@ Token ofTokens(FunctionIdentifier identifier, const Token& a, const Token& b) {
       return quotient(a, b);
     case multipliedBy:
     case percentOf:
+      return product(a, amountOf(b));
     case reversedPercentOf:
     case rateForADuration:
     case speedForTime:
