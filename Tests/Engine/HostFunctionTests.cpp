@@ -150,6 +150,9 @@ TEST_F(HostFunctionTest, ParametersOfPhrases) {
   EXPECT_EQ(numbersIn("move along", kMoves), "absent");
   EXPECT_EQ(numbersIn("half of 3", kMoves), "absent");
   EXPECT_EQ(numbersIn("move by 3", {}), "absent");
+  // Built-in phrases go first, unless there is more to the host's.
+  EXPECT_EQ(numbersIn("zorb half of 3", {"zorb half of 10"}), "3;");
+  EXPECT_EQ(numbersIn("area of 5 m by 3 m", {"area of __length_expression by __length_expression"}), "5;3;");
   EXPECT_EQ(numbersIn("stand still 5", {"stand still"}), "");
   EXPECT_EQ(numbersIn("now please stand still", {"stand still"}), "");
 }

@@ -100,7 +100,7 @@ TEST_F(FunctionDefinitionTest, PhrasesAndParametersOfDefinitions) {
            {"tip on 50 dollars", "tip on __currency_expression", "50 dollars;"},
            {"tip on 50 CHF for 3 people", "tip on __currency_expression for 3 people", "50 CHF;3;"},
            {"stretch 5 km to 7 by 20%", "stretch __length_expression to 7 by __percentage", "5 km;7;20%;"},
-           {"drive 5 km within 3 hours", "drive __length_expression within __timespan", "5 km;3 hours;"},
+           {"drive 5 km in 3 hours", "drive __length_expression in __timespan", "5 km;3 hours;"},
            {"zorb from 25 December 2026 to 3 weeks", "zorb from __datestamp to __timespan",
             "25 December 2026;3 weeks;"},
            {"zorb at $3 per km", "zorb at __rate", "$3 per km;"},

@@ -100,9 +100,10 @@ std::optional<std::string> PrototypeExpressionGenerator::prototypeStringFrom(std
 
 std::optional<std::string> PrototypeExpressionGenerator::validCustomFunctionPrototypeStringFrom(
     std::string_view expression, MatchTypeHandler matchTypeHandler) {
-  // With every currency: "50 dollars" is to be a gap for money.
-  const std::optional<std::vector<Piece>> pieces =
-      piecesOf(expression, EngineCustomization::standard(), matchTypeHandler);
+  // With every currency: "50 dollars" is to be a gap for money. Without phrases: "5 m by 3 m" is to be two gaps.
+  EngineCustomization customization = EngineCustomization::standard();
+  customization.changeFeatureFlags([](EngineFeatureFlags& flags) { flags.wordFunctions = false; });
+  const std::optional<std::vector<Piece>> pieces = piecesOf(expression, std::move(customization), matchTypeHandler);
   if (!pieces || !definesFunction(*pieces)) return std::nullopt;
   return phraseOf(*pieces);
 }

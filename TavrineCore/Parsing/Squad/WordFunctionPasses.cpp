@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -108,6 +109,7 @@ class CallWrapper {
       std::optional<PrototypeSequenceMatcher::Match> match;
       for (; end > 0 && !match; --end) match = matcher.findSliceMatching(sequences, end - 1);
       if (!match) break;
+      giveWayToHost(matcher, sequences, *match);
       if (!isMeant(*match) || !replace(*match)) continue;
       hasWrapped = true;
       // A call may be what a gap of another phrase wanted: "3 days after 5 days ago".
@@ -122,6 +124,19 @@ class CallWrapper {
   }
 
  private:
+  /// A built-in phrase goes before a host's, but not where the host's says more: "area of 5 m by 3 m" holds "5 m by
+  /// 3 m".
+  static void giveWayToHost(PrototypeSequenceMatcher& matcher, const Sequences& sequences,
+                            PrototypeSequenceMatcher::Match& match) {
+    if (!match.sequence->functionIdentifier()) return;
+    Sequences ofHost;
+    std::copy_if(sequences.begin(), sequences.end(), std::back_inserter(ofHost),
+                 [](const PrototypeSequenceRef& sequence) { return !sequence->functionIdentifier(); });
+    if (ofHost.empty()) return;
+    std::optional<PrototypeSequenceMatcher::Match> wider = matcher.findSliceMatching(ofHost, match.slice.endIndex);
+    if (wider && wider->slice.startIndex < match.slice.startIndex) match = *std::move(wider);
+  }
+
   /// Leaves only what can still match: enough tokens, and the types that the gaps want.
   void drop(Sequences& sequences) const {
     std::erase_if(sequences, [this](const PrototypeSequenceRef& sequence) {
