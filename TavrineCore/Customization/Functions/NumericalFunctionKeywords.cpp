@@ -30,6 +30,8 @@ bool isNumberInDigits(const Token& token) {
   return token.is(TokenType::number) && !isOneAsciiWord(std::string_view(token.stringValue).substr(0, 1));
 }
 
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
 bool isSmallLetter(char c) { return c >= 'a' && c <= 'z'; }
 
 void sortWithoutRepetitions(std::vector<std::uint32_t>& numbers) {
@@ -52,7 +54,8 @@ void visitWordsOf(std::string_view phrase, Visitor&& visit) {
       std::string_view piece = phrase.substr(start, end - start);
       piece = piece.substr(0, piece.find(CustomType::requiredPrefix));
       cut.clear();
-      if (!piece.empty()) appendWordsOf(piece, cut);
+      // Most other pieces are numbers and gaps.
+      if (!std::all_of(piece.begin(), piece.end(), isDigit)) appendWordsOf(piece, cut);
       for (const std::string& word : cut) visit(std::string_view(word));
     }
     start = end + 1;
