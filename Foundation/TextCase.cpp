@@ -137,6 +137,11 @@ int caseInsensitiveCompare(std::string_view left, std::string_view right) {
 }
 
 bool equalsIgnoringCase(std::string_view left, std::string_view right) {
+  // Most of what is compared differs at once.
+  if (!left.empty() && !right.empty() && static_cast<unsigned char>(left.front() | right.front()) < 0x80 &&
+      asciiLowered(left.front()) != asciiLowered(right.front())) {
+    return false;
+  }
   return caseInsensitiveCompare(left, right) == 0;
 }
 

@@ -2,8 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
 #include <vector>
+
+#include "Foundation/HashedWord.h"
 
 namespace tavrine::foundation {
 
@@ -30,14 +31,31 @@ class WordFilter {
     return filter;
   }
 
-  void insert(std::string_view word);
+  void insert(const HashedWord& word);
+  /// Two words in a row, which `mayContainPair` asks for.
+  void insertPair(const HashedWord& first, const HashedWord& second);
 
   /// False only where no word was inserted that is equal to this one but for the case of its letters. Words with bytes
   /// beyond ASCII are never rejected.
-  [[nodiscard]] bool mayContain(std::string_view word) const;
+  [[nodiscard]] bool mayContain(const HashedWord& word) const { return word.hash == 0 || isSet(word.hash); }
+  [[nodiscard]] bool mayContainPair(const HashedWord& first, const HashedWord& second) const {
+    return first.hash == 0 || second.hash == 0 || isSet(hashOfPair(first, second));
+  }
 
  private:
-  std::vector<std::uint64_t> bits_;
+  static constexpr std::size_t kBitsPerEntry = 64;
+
+  [[nodiscard]] static std::uint64_t hashOfPair(const HashedWord& first, const HashedWord& second) {
+    return (first.hash ^ second.hash >> 32 ^ second.hash << 32) * 0x9E3779B97F4A7C15;  // 2^64 over the golden ratio
+  }
+  void set(std::uint64_t hash);
+  [[nodiscard]] bool isSet(std::uint64_t hash) const { return isBitSet(hash & 0xFFFFFFFF) && isBitSet(hash >> 32); }
+  [[nodiscard]] bool isBitSet(std::uint64_t half) const {
+    if (bits_.empty()) return false;
+    return (bits_[half / kBitsPerEntry & (bits_.size() - 1)] >> half % kBitsPerEntry & 1) != 0;
+  }
+
+  std::vector<std::uint64_t> bits_;  // a power of two of entries, or none
 };
 
 }  // namespace tavrine::foundation

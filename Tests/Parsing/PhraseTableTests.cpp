@@ -22,8 +22,8 @@
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Parsing/ParsingLimits.h"
-#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "Tests/Support/World.h"
 

@@ -144,9 +144,14 @@ FixturesList::Vocabulary FixturesList::vocabularyFrom(const StringMap<Fixture>& 
   for (const std::string_view scalar : Scalars::validScalars)
     map.try_emplace(std::string(scalar), Fixture::numberScalar);
 
+  constexpr std::size_t kUsualPhrases = 512;
+  result.beginnings = WordFilter(kUsualPhrases);
   for (const auto& [spelling, fixture] : map) {
     const std::vector<Lexeme> lexemes = Lexer::lexemesFor(spelling, lexingLocale);
-    if (lexemes.size() >= 2) result.multiWordPrefixes.emplace(lexemes.front().string);
+    if (lexemes.size() < 2) continue;
+    result.multiWordPrefixes.emplace(lexemes.front().string);
+    const bool hasBlank = lexemes[1].type == LexemeType::whitespace && lexemes.size() > 2;
+    result.beginnings.insertPair(lexemes[0].string, lexemes[hasBlank ? 2 : 1].string);
   }
   result.words = WordFilter::ofKeys(map);
   result.prefixes = WordFilter::ofKeys(result.multiWordPrefixes);
@@ -163,24 +168,29 @@ Lazy<FixturesList::Spellings> FixturesList::spellingsOf(const Lazy<Vocabulary>& 
   });
 }
 
-std::optional<Fixture> FixturesList::find(std::string_view fragment) const {
-  if (!hasLetter(fragment)) {
-    if (const auto symbol = universalSymbols().find(fragment)) return symbol;
-    return findAdditional(fragment);
+std::optional<Fixture> FixturesList::find(const HashedWord& fragment) const {
+  if (!hasLetter(fragment.text)) {
+    if (const auto symbol = universalSymbols().find(fragment.text)) return symbol;
+    return findAdditional(fragment.text);
   }
   const Vocabulary& vocabulary = *vocabulary_;
-  return vocabulary.words.mayContain(fragment) ? lookUp(vocabulary.fixtureMap, fragment) : std::nullopt;
+  return vocabulary.words.mayContain(fragment) ? lookUp(vocabulary.fixtureMap, fragment.text) : std::nullopt;
 }
 
 std::optional<Fixture> FixturesList::findAdditional(std::string_view fragment) const {
   return lookUp(*additionalFixtures_, fragment);
 }
 
-bool FixturesList::beginsMultiWordFixture(std::string_view firstLexeme) const {
-  if (!vocabulary_.isBuilt() && !hasLetter(firstLexeme)) return universalSymbols().beginsLongerSymbol(firstLexeme);
+bool FixturesList::beginsMultiWordFixture(const HashedWord& firstLexeme) const {
+  const std::string_view text = firstLexeme.text;
+  if (!vocabulary_.isBuilt() && !hasLetter(text)) return universalSymbols().beginsLongerSymbol(text);
   if (!vocabulary_->prefixes.mayContain(firstLexeme)) return false;
   const StringSet& prefixes = vocabulary_->multiWordPrefixes;
-  return prefixes.contains(firstLexeme) || (!isLowercased(firstLexeme) && prefixes.contains(lowercased(firstLexeme)));
+  return prefixes.contains(text) || (!isLowercased(text) && prefixes.contains(lowercased(text)));
+}
+
+bool FixturesList::mayBeginMultiWordFixture(const HashedWord& firstLexeme, const HashedWord& secondLexeme) const {
+  return !vocabulary_.isBuilt() || vocabulary_->beginnings.mayContainPair(firstLexeme, secondLexeme);
 }
 
 FixtureSet FixturesList::fixturesIn(std::string_view string) const {

@@ -35,14 +35,16 @@ class FixturesList {
                Lazy<NumberWordsList> numberWords);
 
   /// The fixture that the fragment spells, as it stands or else in lower case.
-  std::optional<Fixture> find(std::string_view fragment) const;
+  std::optional<Fixture> find(const HashedWord& fragment) const;
 
   /// The same among the language's own fixtures alone.
   std::optional<Fixture> findAdditional(std::string_view fragment) const;
 
   /// Whether a fixture of more than one lexeme may begin with this lexeme. Says no to a fragment without letters whose
   /// phrases hold words while no line has held a word: there is nothing in that line to complete them.
-  bool beginsMultiWordFixture(std::string_view firstLexeme) const;
+  bool beginsMultiWordFixture(const HashedWord& firstLexeme) const;
+  /// Whether one may begin with these two lexemes.
+  bool mayBeginMultiWordFixture(const HashedWord& firstLexeme, const HashedWord& secondLexeme) const;
 
   /// The fixtures whose spellings occur anywhere in the text.
   FixtureSet fixturesIn(std::string_view string) const;
@@ -66,6 +68,7 @@ class FixturesList {
     StringSet multiWordPrefixes;
     WordFilter words;
     WordFilter prefixes;
+    WordFilter beginnings;  // pairs
   };
   // The spellings by their first byte, for the search inside a text; they are views into the vocabulary.
   using Spellings = std::unordered_map<char, std::vector<std::pair<std::string_view, Fixture>>>;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <span>
 #include <unordered_map>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "TavrineCore/Customization/Functions/CustomType.h"
 #include "TavrineCore/Customization/Functions/FunctionVariantsGenerator.h"
 #include "TavrineCore/Customization/Functions/FunctionVendor.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
@@ -60,6 +62,17 @@ void visitWordsOf(std::string_view phrase, Visitor&& visit) {
     }
     start = end + 1;
   }
+}
+
+/// The types that the gaps of a phrase name, as far as each is one token of its own.
+TokenTypeSet typesWantedBy(std::string_view phrase) {
+  TokenTypeSet types;
+  for (std::size_t start = 0; start < phrase.size();) {
+    const std::size_t end = std::min(phrase.find_first_of(" (", start), phrase.size());
+    if (const auto type = PrototypeTypePlaceholders::typeFor(phrase.substr(start, end - start))) types.insert(*type);
+    start = end + 1;
+  }
+  return types;
 }
 
 }  // namespace
@@ -126,9 +139,8 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
       // "%" is no word, and stands in no index.
       replacements_.push_back({number, found == nullptr ? number : *found});
     });
-    std::sort(replacements_.begin(), replacements_.end(),
-              [](const Replacement& left, const Replacement& right) { return left.word < right.word; });
   }
+  indexReplacements();
   keywords_ = WordFilter(keywordNumbersForKeywords_.size());
   for (const auto& [word, number] : keywordNumbersForKeywords_) keywords_.insert(word);
 
@@ -139,6 +151,7 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
     const std::size_t first = i == 0 ? 0 : ends_[i - 1];
     if (first == ends_[i]) {
       wordlessFunctions_.push_back(i);
+      typesOfWordless_.push_back(typesWantedBy(indexedFunctions_[i].prototypeExpression));
       continue;
     }
     const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends_[i] - first);
@@ -146,6 +159,14 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
                                                    [&](KeywordNumber a, KeywordNumber b) { return uses[a] < uses[b]; });
     functionsWithRequirements_[rarest].push_back({i, first, keywords.size()});
   }
+}
+
+void NumericalFunctionKeywords::indexReplacements() {
+  std::sort(replacements_.begin(), replacements_.end(),
+            [](const Replacement& left, const Replacement& right) { return left.word < right.word; });
+  firstReplacements_.assign(keywordNumbersForKeywords_.size() + 1, 0);
+  for (const Replacement& replacement : replacements_) ++firstReplacements_[replacement.word + 1];
+  std::partial_sum(firstReplacements_.begin(), firstReplacements_.end(), firstReplacements_.begin());
 }
 
 NumericalFunctionKeywords::KeywordNumber NumericalFunctionKeywords::numberOfKeyword(std::string_view word) {
@@ -158,15 +179,24 @@ NumericalFunctionKeywords::KeywordNumber NumericalFunctionKeywords::numberOfKeyw
 std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords::keywordNumbersIn(
     const TokenList& tokenList) const {
   std::vector<KeywordNumber> numbers;
+  const auto add = [&](std::string_view word) {
+    if (const KeywordNumber* const found = keywordNumbersForKeywords_.find(word)) numbers.push_back(*found);
+  };
   std::vector<std::string> words;
   for (const Token& token : tokenList) {
     if (token.is(TokenType::whitespace) || isNumberInDigits(token)) continue;
-    if (isOneAsciiWord(token.stringValue) && !keywords_.mayContain(token.stringValue)) continue;
+    if (isOneAsciiWord(token.stringValue)) {
+      if (!keywords_.mayContain(token.word())) continue;
+      if (isLowercased(token.stringValue)) {
+        add(token.stringValue);
+        continue;
+      }
+    } else if (token.subtokens && !token.is(TokenType::number)) {
+      continue;  // an amount, a converter: the word of a phrase is a token of its own
+    }
     words.clear();
     appendWordsOf(token.stringValue, words);
-    for (const std::string& word : words) {
-      if (const KeywordNumber* const found = keywordNumbersForKeywords_.find(word)) numbers.push_back(*found);
-    }
+    for (const std::string& word : words) add(word);
   }
   sortWithoutRepetitions(numbers);
   return numbers;
@@ -174,10 +204,8 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
 
 std::span<const NumericalFunctionKeywords::Replacement> NumericalFunctionKeywords::replacementsBy(
     KeywordNumber word) const {
-  const auto isBefore = [](const Replacement& replacement, KeywordNumber number) { return replacement.word < number; };
-  const auto first = std::lower_bound(replacements_.begin(), replacements_.end(), word, isBefore);
-  const auto last = std::lower_bound(first, replacements_.end(), word + 1, isBefore);
-  return {first, last};
+  return std::span(replacements_)
+      .subspan(firstReplacements_[word], firstReplacements_[word + 1] - firstReplacements_[word]);
 }
 
 std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords::withOriginals(
@@ -191,7 +219,7 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
 }
 
 std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vector<KeywordNumber>& words) const {
-  std::vector<std::size_t> ranks = wordlessFunctions_;
+  std::vector<std::size_t> ranks;
   for (const KeywordNumber keyword : words) {
     for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
       const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
@@ -202,6 +230,18 @@ std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vecto
   }
   std::sort(ranks.begin(), ranks.end());
   return ranks;
+}
+
+void NumericalFunctionKeywords::addWordless(const TokenList& tokenList, std::vector<std::size_t>& ranks) const {
+  TokenTypeSet types = tokenList.typesEverPresent();
+  for (const std::size_t rank : ranks) {
+    if (const auto returned = returnTypeOf(indexedFunctions_[rank].identifier)) types.insert(*returned);
+  }
+  const std::size_t saidByWords = ranks.size();
+  for (std::size_t i = 0; i < wordlessFunctions_.size(); ++i) {
+    if (typesOfWordless_[i].isSubsetOf(types)) ranks.push_back(wordlessFunctions_[i]);
+  }
+  if (ranks.size() > saidByWords) std::sort(ranks.begin(), ranks.end());
 }
 
 std::vector<NumericalFunctionKeywords::Wording> NumericalFunctionKeywords::wordingsOf(const Function& function) const {
@@ -230,14 +270,19 @@ std::vector<const Function*> NumericalFunctionKeywords::wordFunctionsWorthScanni
       std::any_of(present.begin(), present.end(), [this](KeywordNumber word) { return !replacementsBy(word).empty(); });
   std::vector<const Function*> functions;
   if (!saysOtherWords && !kinds_.placesOfProvider) {
-    for (const std::size_t rank : ranksWithin(present)) functions.push_back(&indexedFunctions_[rank]);
+    std::vector<std::size_t> ranks = ranksWithin(present);
+    addWordless(tokenList, ranks);
+    functions.reserve(ranks.size());
+    for (const std::size_t rank : ranks) functions.push_back(&indexedFunctions_[rank]);
     return functions;
   }
 
   const auto isSaid = [&present](std::span<const KeywordNumber> keywords) {
     return std::includes(present.begin(), present.end(), keywords.begin(), keywords.end());
   };
-  for (const std::size_t rank : ranksWithin(withOriginals(present))) {
+  std::vector<std::size_t> ranks = ranksWithin(withOriginals(present));
+  addWordless(tokenList, ranks);
+  for (const std::size_t rank : ranks) {
     const Function& function = indexedFunctions_[rank];
     const std::size_t first = rank == 0 ? 0 : ends_[rank - 1];
     if (isSaid(std::span(keywordsOfPhrases_).subspan(first, ends_[rank] - first))) functions.push_back(&function);

@@ -13,6 +13,7 @@
 #include "Foundation/WordTable.h"
 #include "TavrineCore/Customization/Functions/Function.h"
 #include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
 namespace tavrine {
 
@@ -39,7 +40,7 @@ class NumericalFunctionKeywords {
   [[nodiscard]] const std::vector<Function>& indexedFunctions() const { return indexedFunctions_; }
 
   /// The functions of which the list holds every word, by rank, and behind each its other wordings: a superset of those
-  /// that match. They live as long as the index.
+  /// that match, or will match when calls of them have become values. They live as long as the index.
   [[nodiscard]] std::vector<const Function*> wordFunctionsWorthScanningForIn(
       const TokenList& tokenList, const EngineFeatureFlags& featureFlags) const;
 
@@ -70,6 +71,8 @@ class NumericalFunctionKeywords {
   [[nodiscard]] std::span<const Replacement> replacementsBy(KeywordNumber word) const;
   /// With the words for which one of these may stand.
   [[nodiscard]] std::vector<KeywordNumber> withOriginals(const std::vector<KeywordNumber>& present) const;
+  void indexReplacements();
+  void addWordless(const TokenList& tokenList, std::vector<std::size_t>& ranks) const;
   [[nodiscard]] std::vector<std::size_t> ranksWithin(const std::vector<KeywordNumber>& words) const;
   [[nodiscard]] std::vector<Wording> wordingsOf(const Function& function) const;
 
@@ -78,6 +81,7 @@ class NumericalFunctionKeywords {
   std::shared_ptr<WordingCache> wordings_;
   std::vector<Replacement> replacements_;                  // by word
   std::shared_ptr<std::deque<std::string>> keywordTexts_;  // which copies of the index share
+  std::vector<std::uint32_t> firstReplacements_;           // by the number of the word; one more at the end
   WordTable<KeywordNumber> keywordNumbersForKeywords_;
   WordFilter keywords_;
   /// Of all phrases, one after the other.
@@ -85,8 +89,9 @@ class NumericalFunctionKeywords {
   std::vector<std::size_t> ends_;  // of each phrase, in that list
   /// By the number of the keyword under which a phrase stands: the rarest of its words.
   std::vector<std::vector<FunctionRequirements>> functionsWithRequirements_;
-  /// Phrases without a word: "6 : 60".
+  /// Phrases without a word: "10 ft 1080p". Few, and what their gaps want.
   std::vector<std::size_t> wordlessFunctions_;
+  std::vector<TokenTypeSet> typesOfWordless_;
 };
 
 /// The words of a phrase or of a line, in lower case: runs of letters. Letters of scripts that put no blanks between

@@ -21,9 +21,9 @@ TraditionalFunctionList::TraditionalFunctionList(const std::vector<TraditionalFu
   names_ = WordFilter::ofKeys(functionNameCache_);
 }
 
-const TraditionalFunction* TraditionalFunctionList::functionNamed(std::string_view name) const {
+const TraditionalFunction* TraditionalFunctionList::functionNamed(const HashedWord& name) const {
   if (!names_.mayContain(name)) return nullptr;
-  const auto found = functionNameCache_.find(name);
+  const auto found = functionNameCache_.find(name.text);
   return found == functionNameCache_.end() ? nullptr : &traditionalFunctions_[found->second];
 }
 

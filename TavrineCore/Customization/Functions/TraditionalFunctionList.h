@@ -24,7 +24,7 @@ class TraditionalFunctionList {
 
   /// The function of this name or alias, upper and lower case told apart; null when there is none. Of two functions
   /// with one name the later counts, so that a host can replace a standard one.
-  const TraditionalFunction* functionNamed(std::string_view name) const;
+  const TraditionalFunction* functionNamed(const HashedWord& name) const;
 
   /// The standard functions, then the additional ones.
   const std::vector<TraditionalFunction>& traditionalFunctions() const { return traditionalFunctions_; }

@@ -55,16 +55,21 @@ void PlaceList::cache(const Place& place) {
   }
 }
 
-std::optional<Place> PlaceList::placeFor(std::string_view fragment) const {
-  if (!isLowercased(fragment)) return placeFor(lowercased(fragment));
+bool PlaceList::tablesMayName(const HashedWord& fragment) const {
+  if (!index_) return false;
+  const NameLexemes lexemes = leadingLexemesOf(fragment.text);
+  return lexemes.areSeveral() ? (*words_)->mayBeginPlace(lexemes.first, lexemes.second)
+                              : (*words_)->mayNamePlace(fragment);
+}
+
+std::optional<Place> PlaceList::placeFor(const HashedWord& fragment) const {
+  const std::string_view name = fragment.text;
+  if (addedPlaces_.empty() && fragment.hash != 0 && !tablesMayName(fragment)) return std::nullopt;
+  if (!isLowercased(name)) return placeFor(lowercased(name));
   if (!addedPlaces_.empty()) {
-    if (const auto found = addedPlaces_.find(fragment); found != addedPlaces_.end()) return *found->second;
+    if (const auto found = addedPlaces_.find(name); found != addedPlaces_.end()) return *found->second;
   }
-  if (!index_) return std::nullopt;
-  const NameLexemes lexemes = leadingLexemesOf(fragment);
-  const bool mayBeKnown = lexemes.areSeveral() ? (*words_)->mayBeginPlace(lexemes.first, lexemes.second)
-                                               : (*words_)->mayNamePlace(fragment);
-  return mayBeKnown ? (*index_)->placeNamed(fragment) : std::nullopt;
+  return tablesMayName(fragment) ? (*index_)->placeNamed(name) : std::nullopt;
 }
 
 std::optional<std::vector<Place>> PlaceList::multiWordPlacesBeginningWith(std::string_view firstWordOfPlace) const {
@@ -80,8 +85,11 @@ std::optional<std::vector<Place>> PlaceList::multiWordPlacesBeginningWith(std::s
   return result;
 }
 
-std::optional<Place> PlaceList::placeOfPhrase(std::string_view firstLexeme, std::string_view secondLexeme,
+std::optional<Place> PlaceList::placeOfPhrase(const HashedWord& firstWord, std::string_view secondLexeme,
                                               ExtentOf extentOf) const {
+  const std::string_view firstLexeme = firstWord.text;
+  const bool isInTables = index_ && (*words_)->mayBeginPlace(firstWord, secondLexeme);
+  if (!isInTables && addedPhrases_.empty() && firstWord.hash != 0 && isAscii(secondLexeme)) return std::nullopt;
   if (!isLowercased(firstLexeme) || !isLowercased(secondLexeme)) {
     return placeOfPhrase(lowercased(firstLexeme), lowercased(secondLexeme), extentOf);
   }
@@ -97,7 +105,7 @@ std::optional<Place> PlaceList::placeOfPhrase(std::string_view firstLexeme, std:
       }
     }
   }
-  if (index_ && (*words_)->mayBeginPlace(firstLexeme, secondLexeme)) {
+  if (isInTables) {
     std::optional<PlaceIndex::Match> match = (*index_)->longestPhrase(firstLexeme, secondLexeme, extentOf);
     if (match && match->extent > longest) return std::move(match->place);
   }
@@ -113,10 +121,10 @@ bool PlaceList::isOrdinaryWord(std::string_view lowercasedName) const {
 bool PlaceList::isBuilt() const { return index_ && index_->isBuilt(); }
 
 std::optional<Place> AirportsList::runQuery(std::string_view fragment) {
-  // The set of codes answers for most words, so that the airports are read only for one of them.
-  static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
   constexpr std::size_t kLettersInCode = 3;
   if (fragment.size() != kLettersInCode) return std::nullopt;
+  // The set of codes answers for most words, so that the airports are read only for one of them.
+  static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
   std::string code = lowercased(fragment);
   if (!words->isAirportCode(code)) return std::nullopt;
   for (char& c : code) c = static_cast<char>(c - 'a' + 'A');

@@ -35,7 +35,7 @@ class PlaceList {
             std::shared_ptr<const PlaceRows> states, PlaceWords words);
 
   /// The place with this name or alias, in upper or lower case.
-  [[nodiscard]] std::optional<Place> placeFor(std::string_view fragment) const;
+  [[nodiscard]] std::optional<Place> placeFor(const HashedWord& fragment) const;
 
   /// The places of which a name or alias of at least two lexemes begins with this word, in the order of the list;
   /// absent when there is none. Makes all of them: `placeOfPhrase` finds the one that a text means.
@@ -46,7 +46,7 @@ class PlaceList {
   /// The place whose name of several lexemes covers most of a text that begins with these two lexemes; at equal extent
   /// a place that was added, else the first one. A place of the resources with aliases of several lexemes is known by
   /// these alone, as another one has its name. Reads no table for words that begin no place.
-  [[nodiscard]] std::optional<Place> placeOfPhrase(std::string_view firstLexeme, std::string_view secondLexeme,
+  [[nodiscard]] std::optional<Place> placeOfPhrase(const HashedWord& firstLexeme, std::string_view secondLexeme,
                                                    ExtentOf extentOf) const;
 
   /// Whether the name of a place, in lower case, is an ordinary word as well and should look like a name.
@@ -65,6 +65,8 @@ class PlaceList {
   friend class AirportsList;
 
   PlaceList(Lazy<PlaceWords> words, Lazy<PlaceIndex> index);
+  /// False for most names that the tables don't hold: in lower case, or of ASCII letters in any.
+  [[nodiscard]] bool tablesMayName(const HashedWord& fragment) const;
   void cache(const Place& place);
 
   // Absent in a list of added places alone.

@@ -14,20 +14,13 @@ namespace tavrine {
 
 namespace {
 
-constexpr std::uint64_t kOffsetBasis = 0xCBF29CE484222325;
 constexpr std::size_t kLettersInCode = 3;
 constexpr unsigned kAlphabet = 26;
 constexpr std::size_t kCodes = std::size_t{kAlphabet} * kAlphabet * kAlphabet;
 constexpr unsigned kMaximumProbes = 16;
 
-/// FNV-1a, continued from the hash of what stands before.
-std::uint64_t hashOfBytes(std::string_view text, std::uint64_t hash = kOffsetBasis) {
-  for (const char c : text) {
-    hash ^= static_cast<unsigned char>(c);
-    hash *= 0x100000001B3;
-  }
-  return hash;
-}
+/// Of the whole word, in whatever script.
+std::uint64_t hashOf(const HashedWord& word) { return word.hash != 0 ? word.hash : foldedHash(word.text); }
 
 constexpr auto kBase64 = [] {
   std::array<std::int8_t, 256> values{};
@@ -115,10 +108,10 @@ std::string_view PlaceWords::takeFrom(const FlatRow& object) {
   return {};
 }
 
-bool PlaceWords::mayNamePlace(std::string_view word) const { return passesFilter(hashOfBytes(word)); }
+bool PlaceWords::mayNamePlace(const HashedWord& word) const { return passesFilter(hashOf(word)); }
 
-bool PlaceWords::mayBeginPlace(std::string_view firstWord, std::string_view secondWord) const {
-  return passesFilter(hashOfBytes(secondWord, hashOfBytes(" ", hashOfBytes(firstWord))));
+bool PlaceWords::mayBeginPlace(const HashedWord& firstWord, std::string_view secondWord) const {
+  return passesFilter(foldedHash(secondWord, foldedHash(" ", hashOf(firstWord))));
 }
 
 bool PlaceWords::isAirportCode(std::string_view word) const {

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "Foundation/HashedWord.h"
 #include "Foundation/StringMap.h"
 #include "TavrineCore/Customization/Engine/ResourceReader.h"
 #include "TavrineCore/Imports.h"
@@ -24,10 +25,11 @@ class PlaceWords {
   /// on, both in base 64, and a list of words.
   static DecodedResource<PlaceWords> from(std::string_view bytes);
 
-  /// Whether there may be a place of that name; now and then wrong where it says yes.
-  [[nodiscard]] bool mayNamePlace(std::string_view word) const;
-  /// Whether a place of several words may begin with these two.
-  [[nodiscard]] bool mayBeginPlace(std::string_view firstWord, std::string_view secondWord) const;
+  /// Whether there may be a place of that name; now and then wrong where it says yes. ASCII letters may be in capitals
+  /// here.
+  [[nodiscard]] bool mayNamePlace(const HashedWord& word) const;
+  /// Whether a place of several words may begin with these two, ASCII letters in any case.
+  [[nodiscard]] bool mayBeginPlace(const HashedWord& firstWord, std::string_view secondWord) const;
   /// Whether the word is the code of an airport.
   [[nodiscard]] bool isAirportCode(std::string_view word) const;
   /// Whether the name or code means something else in most texts: "nice", "us", "sea".

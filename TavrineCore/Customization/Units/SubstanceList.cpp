@@ -56,18 +56,18 @@ const SubstancesByFirstWord& multiWordSubstancesByPrefixCache() {
 
 }  // namespace
 
-std::optional<Substance> SubstanceList::runQuery(std::string_view fragment) {
+std::optional<Substance> SubstanceList::runQuery(const HashedWord& fragment) {
   static const WordFilter names = WordFilter::ofKeys(substanceMap());
   if (!names.mayContain(fragment)) return std::nullopt;
-  const auto found = substanceMap().find(lowercased(fragment));
+  const auto found = substanceMap().find(lowercased(fragment.text));
   return found == substanceMap().end() ? std::nullopt : std::optional(substanceFrom(*found->second));
 }
 
-const std::vector<Substance>* SubstanceList::multiWordSubstancesBeginningWith(std::string_view firstWordOfSubstance) {
+const std::vector<Substance>* SubstanceList::multiWordSubstancesBeginningWith(const HashedWord& firstWordOfSubstance) {
   const SubstancesByFirstWord& all = multiWordSubstancesByPrefixCache();
   static const WordFilter firstWords = WordFilter::ofKeys(all);
   if (!firstWords.mayContain(firstWordOfSubstance)) return nullptr;
-  const auto found = all.find(lowercased(firstWordOfSubstance));
+  const auto found = all.find(lowercased(firstWordOfSubstance.text));
   return found == all.end() ? nullptr : &found->second;
 }
 

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string_view>
 #include <vector>
 
+#include "Foundation/HashedWord.h"
+#include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Primitives/Substance.h"
 
 namespace tavrine {
@@ -12,12 +13,12 @@ namespace tavrine {
 class SubstanceList {
  public:
   /// The substance of exactly this name, in upper or lower case.
-  [[nodiscard]] static std::optional<Substance> runQuery(std::string_view fragment);
+  [[nodiscard]] static std::optional<Substance> runQuery(const HashedWord& fragment);
 
   /// The substances whose names are of several words, divided by spaces or hyphens, the first of which is this one, in
   /// upper or lower case. Null when there are none.
   [[nodiscard]] static const std::vector<Substance>* multiWordSubstancesBeginningWith(
-      std::string_view firstWordOfSubstance);
+      const HashedWord& firstWordOfSubstance);
 };
 
 }  // namespace tavrine

@@ -68,8 +68,9 @@ UnitList::UnitList(const EngineCustomization& engineCustomization)
 UnitList::UnitList(const UnitList& base, const EngineCustomization& engineCustomization)
     : engineCustomization_(engineCustomization), cache_(base.cache_, engineCustomization.customUnits()) {}
 
-std::optional<TCUnit> UnitList::quickLookup(std::string_view query) const {
-  if (!cache_.mayMeanSomething(query)) return std::nullopt;
+std::optional<TCUnit> UnitList::quickLookup(const HashedWord& word) const {
+  if (!cache_.mayMeanSomething(word)) return std::nullopt;
+  const std::string_view query = word.text;
   if (auto unit = preparedUnitForWord(query)) return unit;
   if (const std::string* const substitution = cache_.querySubstitutionFor(query)) {
     if (auto unit = preparedUnitForWord(*substitution)) return unit;
@@ -156,7 +157,7 @@ bool UnitList::isCurrencySubstitution(std::string_view text) const {
   return cache_.querySubstitutionFor(text) != nullptr;
 }
 
-bool UnitList::beginsMultiWordUnit(std::string_view firstLexeme) const {
+bool UnitList::beginsMultiWordUnit(const HashedWord& firstLexeme) const {
   return cache_.beginsMultiWordUnit(firstLexeme);
 }
 

@@ -24,7 +24,7 @@ class UnitList {
 
   /// The unit that the text means: as typed, as the sign of a currency, or in lower case, whichever comes first. Costs
   /// three probes at most, however many units there are.
-  [[nodiscard]] std::optional<TCUnit> quickLookup(std::string_view query) const;
+  [[nodiscard]] std::optional<TCUnit> quickLookup(const HashedWord& query) const;
 
   /// The unit as this customization has it: its size, its currency's rate, or none where it is disabled or has no rate.
   [[nodiscard]] std::optional<TCUnit> preparedUnitFor(const std::shared_ptr<const UnitDescription>& description) const;
@@ -44,7 +44,7 @@ class UnitList {
   /// Whether the text is a sign that stands for a currency: "$".
   [[nodiscard]] bool isCurrencySubstitution(std::string_view text) const;
   /// Whether a name of several lexemes may begin with this one, as it stands or in lower case.
-  [[nodiscard]] bool beginsMultiWordUnit(std::string_view firstLexeme) const;
+  [[nodiscard]] bool beginsMultiWordUnit(const HashedWord& firstLexeme) const;
   [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const {
     return cache_.firstWordsInMultiWordUnitsCache();
   }

@@ -152,11 +152,11 @@ void UnitListCache::cacheFirstWord(std::string_view name) {
   if (first && !firstWordsInMultiWordUnitsCache_.contains(*first)) firstWordsInMultiWordUnitsCache_.emplace(*first);
 }
 
-bool UnitListCache::beginsMultiWordUnit(std::string_view firstLexeme) const {
+bool UnitListCache::beginsMultiWordUnit(const HashedWord& firstLexeme) const {
   if (!firstWords_.mayContain(firstLexeme)) return false;
   const StringSet& firstWords = firstWordsInMultiWordUnitsCache_;
-  return firstWords.contains(firstLexeme) ||
-         (!isLowercased(firstLexeme) && firstWords.contains(lowercased(firstLexeme)));
+  const std::string_view text = firstLexeme.text;
+  return firstWords.contains(text) || (!isLowercased(text) && firstWords.contains(lowercased(text)));
 }
 
 void UnitListCache::makeFilters() {

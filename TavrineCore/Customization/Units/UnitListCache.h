@@ -42,9 +42,9 @@ class UnitListCache {
   /// The first lexeme of each name that has several.
   [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const { return firstWordsInMultiWordUnitsCache_; }
   /// False only for a text that means nothing in any case of its letters, nor is a currency's sign.
-  [[nodiscard]] bool mayMeanSomething(std::string_view word) const { return words_.mayContain(word); }
+  [[nodiscard]] bool mayMeanSomething(const HashedWord& word) const { return words_.mayContain(word); }
   /// Whether a name of several lexemes begins with this one, in this or in lower case.
-  [[nodiscard]] bool beginsMultiWordUnit(std::string_view firstLexeme) const;
+  [[nodiscard]] bool beginsMultiWordUnit(const HashedWord& firstLexeme) const;
 
   /// Calls `visit(word, description)` for each word; in no order.
   template <class Visit>

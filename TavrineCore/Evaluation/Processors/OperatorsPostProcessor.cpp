@@ -30,6 +30,7 @@ void OperatorsPostProcessor::process(EditableTokenList& list) {
     if (text == tokens[index].stringValue) return index;
     Token canonical = tokens[index];
     canonical.stringValue = std::string(text);
+    canonical.textHash = 0;
     return tokens.replace(index, index, std::move(canonical));
   });
 }

@@ -196,6 +196,7 @@ std::size_t bindSignBehindOperator(EditableTokenList& list, std::size_t index, c
   } else if (token.is(TokenType::number)) {
     Token number = numberTimes(token, factor);
     number.stringValue = list[*sign].stringValue + token.stringValue;
+    number.textHash = 0;
     list.replace(*sign, *operand, std::move(number));
   }
   return index;

@@ -8,9 +8,9 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Evaluation/Support/WordFunctions/CustomFunctionSubstitutionUtility.h"
-#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 

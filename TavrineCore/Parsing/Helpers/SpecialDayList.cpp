@@ -45,14 +45,14 @@ SpecialDayList::SpecialDayList(const std::vector<SpecialDay>& days) {
   firstWords_ = WordFilter::ofKeys(multiWordSpecialDaysByPrefixCache_);
 }
 
-const SpecialDay* SpecialDayList::specialDayFor(std::string_view fragment) const {
-  return aliases_.mayContain(fragment) ? lookUp(specialDayAliasCache_, fragment) : nullptr;
+const SpecialDay* SpecialDayList::specialDayFor(const HashedWord& fragment) const {
+  return aliases_.mayContain(fragment) ? lookUp(specialDayAliasCache_, fragment.text) : nullptr;
 }
 
 const std::vector<SpecialDayList::Phrase>* SpecialDayList::multiWordSpecialDaysBeginningWith(
-    std::string_view firstWordOfType) const {
+    const HashedWord& firstWordOfType) const {
   if (!firstWords_.mayContain(firstWordOfType)) return nullptr;
-  return lookUp(multiWordSpecialDaysByPrefixCache_, firstWordOfType);
+  return lookUp(multiWordSpecialDaysByPrefixCache_, firstWordOfType.text);
 }
 
 }  // namespace tavrine

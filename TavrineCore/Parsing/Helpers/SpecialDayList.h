@@ -19,7 +19,7 @@ class SpecialDayList {
   explicit SpecialDayList(const std::vector<SpecialDay>& days);
 
   /// The day whose name of one lexeme that is, in upper or lower case.
-  [[nodiscard]] const SpecialDay* specialDayFor(std::string_view fragment) const;
+  [[nodiscard]] const SpecialDay* specialDayFor(const HashedWord& fragment) const;
 
   /// A name of several lexemes.
   struct Phrase {
@@ -29,7 +29,7 @@ class SpecialDayList {
     std::vector<std::string> words;
   };
   /// The names that begin with the word, the longest first; null when there is none.
-  [[nodiscard]] const std::vector<Phrase>* multiWordSpecialDaysBeginningWith(std::string_view firstWordOfType) const;
+  [[nodiscard]] const std::vector<Phrase>* multiWordSpecialDaysBeginningWith(const HashedWord& firstWordOfType) const;
 
  private:
   StringMap<SpecialDay> specialDayAliasCache_;

@@ -87,12 +87,13 @@ constexpr auto kNamedZones = std::to_array<NamedZone>({
 
 }  // namespace
 
-std::optional<TimeZone> TimeZoneAbbreviationDetector::timezoneFor(std::string_view code,
+std::optional<TimeZone> TimeZoneAbbreviationDetector::timezoneFor(const HashedWord& word,
                                                                   TimezoneCodeCorrectionBehavior correctionBehaviour) {
   // No code has letters beyond ASCII, so bytes are characters.
+  const std::string_view code = word.text;
   if (code.size() < kShortestCode || code.size() > kLongestCode) return std::nullopt;
   static const WordFilter codes = WordFilter::ofKeys(timezoneCache());
-  if (!codes.mayContain(code)) return std::nullopt;
+  if (!codes.mayContain(word)) return std::nullopt;
   const std::string key = lowercased(code);
   const auto offset = timezoneCache().find(key);
   if (offset == timezoneCache().end()) return std::nullopt;

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "Foundation/HashedWord.h"
 #include "Foundation/TimeZone.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Places/Place.h"
@@ -16,7 +17,7 @@ class TimeZoneAbbreviationDetector {
   /// The zone that a code of 3 or 4 letters means, in upper or lower case. Many codes name the winter or the summer
   /// time of a place and are said all year: the behaviour tells for which of them the zone of the place is taken, and
   /// for which the offset that the code strictly says.
-  [[nodiscard]] static std::optional<TimeZone> timezoneFor(std::string_view code,
+  [[nodiscard]] static std::optional<TimeZone> timezoneFor(const HashedWord& word,
                                                            TimezoneCodeCorrectionBehavior correctionBehaviour);
 
   /// A fixed zone so many hours ahead of GMT: "5.5", "-3". Absent for a text that is no number and beyond 18 hours.

@@ -44,7 +44,10 @@ std::optional<Token> valueInPlaceOf(const TokenList& list, std::size_t index) {
   if (!value) return std::nullopt;
   if (value->is(TokenType::literal) && standsBetweenQuotations(list, index)) return std::nullopt;
   // A token that covers no text could not be found again.
-  if (value->stringValue.empty()) value->stringValue = name.stringValue;
+  if (value->stringValue.empty()) {
+    value->stringValue = name.stringValue;
+    value->textHash = name.textHash;
+  }
   return value;
 }
 
@@ -78,6 +81,7 @@ class Restorer {
     if (!token.subtokens) {
       Token copy = token;
       copy.stringValue = textWithNames(token, run);
+      copy.textHash = 0;
       result.push_back(std::move(copy));
       return;
     }

@@ -8,8 +8,8 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
-#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {

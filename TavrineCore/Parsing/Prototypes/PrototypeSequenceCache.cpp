@@ -14,6 +14,7 @@
 #include "Foundation/StringMap.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeExpressionGenerator.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceGenerator.h"
+#include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {
 
@@ -62,17 +63,23 @@ class PhraseCache {
 /// of which it doesn't say in the end: one that is known costs a look into a table.
 class CallCache {
  public:
-  /// In the order of the functions; null for one that isn't known yet.
-  [[nodiscard]] std::vector<PrototypeSequenceRef> knownFor(std::span<const Function* const> functions) const {
+  /// Those whose gaps the list can fill, in the order of the functions. One that isn't known yet is null, and its
+  /// function is added to `unknown`.
+  [[nodiscard]] std::vector<PrototypeSequenceRef> knownFor(std::span<const Function* const> functions,
+                                                           const TokenList* list,
+                                                           std::vector<const Function*>& unknown) const {
     const bool isChinese = Locale::current().isChinese();
     return accessQueue_.sync([&] {
       const Calls& calls = isChinese ? chineseCalls_ : calls_;
       std::vector<PrototypeSequenceRef> known;
-      known.reserve(functions.size());
       for (const Function* function : functions) {
         const auto found = calls.find(function->prototypeExpression);
-        const bool isKnown = found != calls.end() && found->second->functionIdentifier() == function->identifier;
-        known.push_back(isKnown ? found->second : nullptr);
+        if (found == calls.end() || found->second->functionIdentifier() != function->identifier) {
+          known.push_back(nullptr);
+          unknown.push_back(function);
+        } else if (list == nullptr || found->second->typesWereIn(*list)) {
+          known.push_back(found->second);
+        }
       }
       return known;
     });
@@ -123,15 +130,20 @@ PrototypeSequenceRef phraseOfVariable(std::string_view name) {
 
 }  // namespace
 
-std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function* const> functions) {
-  std::vector<PrototypeSequenceRef> sequences = callCache().knownFor(functions);
-  for (std::size_t i = 0; i < functions.size(); ++i) {
-    if (sequences[i] != nullptr) continue;
-    const Function& function = *functions[i];
-    const PrototypeSequenceRef phrase =
-        wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction);
-    sequences[i] = phrase->withMetadata(function);
-    callCache().keep(function, sequences[i]);
+std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span<const Function* const> functions,
+                                                                       const TokenList* list) {
+  std::vector<const Function*> unknown;
+  std::vector<PrototypeSequenceRef> sequences = callCache().knownFor(functions, list, unknown);
+  auto next = unknown.begin();
+  for (PrototypeSequenceRef& sequence : sequences) {
+    if (sequence != nullptr) continue;
+    const Function& function = **next++;
+    sequence =
+        wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction)->withMetadata(function);
+    callCache().keep(function, sequence);
+  }
+  if (list != nullptr && !unknown.empty()) {
+    std::erase_if(sequences, [list](const PrototypeSequenceRef& sequence) { return !sequence->typesWereIn(*list); });
   }
   return sequences;
 }

@@ -8,6 +8,8 @@
 
 namespace tavrine {
 
+class TokenList;
+
 /// Phrases are read once a process. What is kept is the phrase alone; what it calls is put to it at each use, so that
 /// a function that a host has edited never meets its old handler. May be used from any thread; nothing is parsed while
 /// a cache is locked.
@@ -17,8 +19,9 @@ class PrototypeSequenceCache {
   static constexpr std::size_t kMaximumCustomPhrases = 2'000;
   static constexpr std::size_t kMaximumVariablePhrases = 2'000;
 
-  /// A sequence for each function, in their order.
-  [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const Function* const> functions);
+  /// A sequence for each function, in their order; with a list, but for those whose gaps it can't fill.
+  [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const Function* const> functions,
+                                                                      const TokenList* list = nullptr);
   /// A sequence for each phrase of each function: its own, then its aliases.
   [[nodiscard]] static std::vector<PrototypeSequenceRef> sequencesFor(std::span<const CustomFunction> functions);
   /// The words of the variable's name; null for a name that no phrase can be made of.

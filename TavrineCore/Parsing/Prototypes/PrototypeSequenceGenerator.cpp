@@ -1,8 +1,8 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceGenerator.h"
 
-#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 
 namespace tavrine {

@@ -162,6 +162,11 @@ void identifySlashCommentsInWords(TokenList& list, const PassContext&) {
 
 void transformUnidentifiedTokensIntoWordComments(TokenList& list, const PassContext& context) {
   const bool hashTags = context.features.hashTags();
+  // Nearly all words stand in the line itself and are no tags.
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!list[i].is(TokenType::unidentified) || list[i].subtokens || list[i].stringValue == " ") continue;
+    if (!hashTags || !namesTag(list[i].stringValue)) list.becomeWordAt(i);
+  }
   list.applyTransformationToAllTokensOfType(TokenType::unidentified, nullptr, /*reversed=*/false,
                                             [&](const Token& token, const Token* parent) -> std::optional<Token> {
                                               if (parent != nullptr && !kParentsOfWordComments.contains(parent->type))

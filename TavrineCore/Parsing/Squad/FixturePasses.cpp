@@ -84,12 +84,15 @@ void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContex
     const std::optional<Fixture> fixture = fixtures.find(text);
     return fixture && relatedTokenType(*fixture);
   };
+  const auto mayBeginPhraseAt = [&](std::size_t index) {
+    if (custom != nullptr && custom->beginsMultiWordCustomType(list[index].stringValue)) return true;
+    if (!fixtures.beginsMultiWordFixture(list[index].word())) return false;
+    const Token* const next = list.tokenAfter(index, /*ignoreWhitespace=*/true);
+    return next != nullptr && fixtures.mayBeginMultiWordFixture(list[index].word(), next->word());
+  };
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!TokenTypeSet::typesInMultiWordFixtures.contains(list[i].type)) continue;
-    const std::string& word = list[i].stringValue;
-    const bool beginsPhrase =
-        fixtures.beginsMultiWordFixture(word) || (custom != nullptr && custom->beginsMultiWordCustomType(word));
-    if (!beginsPhrase) continue;
+    if (!mayBeginPhraseAt(i)) continue;
     const std::optional<TokenSlice> phrase =
         list.findPhraseTextBeginningWith(i, TokenTypeSet::typesInMultiWordFixtures, isPhrase, kMaximumWords);
     if (!phrase) continue;

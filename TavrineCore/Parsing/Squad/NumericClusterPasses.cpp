@@ -191,6 +191,7 @@ std::vector<Token> exAsMultiplicationNumberClusterFrom(const Token& word, const 
     Token token = tokenFor(lexeme.string, range, lexeme.type, context);
     // Back to what was typed; a combining mark on the "x" stands on the sign now and is no part of its fixture.
     token.stringValue = word.stringValue.substr(lexeme.byteOffset, lexeme.string.size());
+    token.textHash = 0;
     result.push_back(std::move(token));
   }
   if (result.empty() || result.front().range.location != word.range.location ||
@@ -268,6 +269,10 @@ void identifyNumericClustersIn(TokenList& list, const PassContext& context) {
     return token.is(TokenType::unidentified) &&
            (token.stringValue.starts_with(Parser::letterXAsTimes) || DigitDetector::containsDigit(token.stringValue));
   };
+  const bool hasNestedTokens =
+      std::any_of(list.begin(), list.end(), [](const Token& token) { return token.subtokens != nullptr; });
+  const auto isConcerned = [&](const Token& token) { return mayBeCluster(token, nullptr); };
+  if (!hasNestedTokens && std::none_of(list.begin(), list.end(), isConcerned)) return;
   const auto split = [&](const Token& word, TokenList& tokens, const Token*) {
     const std::optional<std::size_t> index = tokens.indexOf(word);
     if (!index) return;

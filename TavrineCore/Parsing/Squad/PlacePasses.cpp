@@ -147,7 +147,7 @@ std::optional<Offset> offsetBehind(const TokenList& list, std::size_t index) {
 
 bool identifyTimeZoneCode(TokenList& list, std::size_t index, const PassContext& context) {
   const std::optional<TimeZone> zone = TimeZoneAbbreviationDetector::timezoneFor(
-      list[index].stringValue, context.features.timezoneCodeAutocorrectionBehavior);
+      list[index].word(), context.features.timezoneCodeAutocorrectionBehavior);
   if (!zone || !isMeantAsName(list, index, *context.content.placeList, /*isCode=*/true)) return false;
   if (zone->secondsFromGMT(Date::now()) == 0) {
     if (const std::optional<Offset> offset = offsetBehind(list, index)) {
@@ -163,10 +163,9 @@ bool identifyTimeZoneCode(TokenList& list, std::size_t index, const PassContext&
 bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassContext& context) {
   const auto second = nextWordOfName(list, index);
   if (!second) return false;
-  const std::string_view firstWord = list[index].stringValue;
   std::size_t longest = 0;
-  const std::optional<Place> place =
-      context.content.placeList->placeOfPhrase(firstWord, list[*second].stringValue, [&](std::string_view phrase) {
+  const std::optional<Place> place = context.content.placeList->placeOfPhrase(
+      list[index].word(), list[*second].stringValue, [&](std::string_view phrase) {
         const std::size_t extent = extentOfName(list, index, phrase);
         longest = std::max(longest, extent);
         return extent;
@@ -176,7 +175,7 @@ bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassConte
     return true;
   }
   if (!context.features.shortFormUSTimezones || !equalsIgnoringCase(list[*second].stringValue, "time")) return false;
-  const std::string word = lowercased(firstWord);
+  const std::string word = lowercased(list[index].stringValue);
   if (!USNamedTimezoneAbbreviations::beginsName(word)) return false;
   const std::optional<Place> zone = USNamedTimezoneAbbreviations::timezoneFor(word + " time");
   if (!zone) return false;
@@ -185,8 +184,7 @@ bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassConte
 }
 
 bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const PassContext& context) {
-  const auto* const phrases =
-      context.content.specialDayList->multiWordSpecialDaysBeginningWith(list[index].stringValue);
+  const auto* const phrases = context.content.specialDayList->multiWordSpecialDaysBeginningWith(list[index].word());
   if (phrases == nullptr) return false;
   for (const SpecialDayList::Phrase& phrase : *phrases) {
     const std::size_t extent = extentOf(list, index, phrase.words, nextWord);
@@ -200,7 +198,7 @@ bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const Pass
 bool identifyPlaceOfOneWord(TokenList& list, std::size_t index, const PassContext& context) {
   const PlaceList& places = *context.content.placeList;
   const std::string& text = list[index].stringValue;
-  std::optional<Place> place = places.placeFor(text);
+  std::optional<Place> place = places.placeFor(list[index].word());
   if (place && !isMeantAsName(list, index, places, /*isCode=*/false)) {
     const bool isCountry = place->country() != nullptr;
     if (!isCountry || !standsBehindPlacePreposition(list, startWithArticle(list, index))) place.reset();
@@ -255,7 +253,7 @@ void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& con
         identifyPlaceOfOneWord(list, i, context) || !context.features.specialDays) {
       continue;
     }
-    if (const SpecialDay* const day = context.content.specialDayList->specialDayFor(list[i].stringValue)) {
+    if (const SpecialDay* const day = context.content.specialDayList->specialDayFor(list[i].word())) {
       becomeSpecialDay(list, i, i, day->type);
     }
   }

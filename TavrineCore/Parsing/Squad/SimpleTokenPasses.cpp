@@ -46,9 +46,10 @@ std::optional<Token> variableToken(std::string_view fragment, NSRange range, con
                std::make_shared<const VariableTokenMetadata>(*variable));
 }
 
-std::optional<Token> functionToken(std::string_view fragment, NSRange range, const PassContext& context) {
-  const TraditionalFunction* function = context.content.traditionalFunctionList->functionNamed(fragment);
+std::optional<Token> functionToken(const HashedWord& word, NSRange range, const PassContext& context) {
+  const TraditionalFunction* function = context.content.traditionalFunctionList->functionNamed(word);
   if (function == nullptr) return std::nullopt;
+  const std::string_view fragment = word.text;
   if (function->implementation) {
     return Token(TokenType::javascriptFunctionName, TokenSubType::notSpecified, std::string(fragment), range, nullptr,
                  std::make_shared<const JavascriptFunctionTokenMetadata>(*function));
@@ -67,20 +68,21 @@ bool namesAnotherBase(TokenSubType subType) {
          subType == TokenSubType::octalTypeName;
 }
 
-Token fixtureToken(std::string_view fragment, NSRange range, const PassContext& context) {
+Token fixtureToken(const HashedWord& word, NSRange range, const PassContext& context) {
+  const std::string_view fragment = word.text;
   std::string text(fragment);
-  const std::optional<Fixture> fixture = context.content.fixturesList->find(fragment);
+  const std::optional<Fixture> fixture = context.content.fixturesList->find(word);
   const std::optional<TokenType> type = fixture ? relatedTokenType(*fixture) : std::nullopt;
   const TokenSubType subType = type ? relatedTokenSubType(*fixture) : TokenSubType::notSpecified;
 
   if (type == TokenType::dateWord) {
-    if (const DateWord* word = context.content.dateWordsList->dateWordFor(fragment)) {
+    if (const DateWord* dateWord = context.content.dateWordsList->dateWordFor(fragment)) {
       return {TokenType::dateWord,
               subType,
               std::move(text),
               range,
               nullptr,
-              std::make_shared<const DateWordTokenMetadata>(*word)};
+              std::make_shared<const DateWordTokenMetadata>(*dateWord)};
     }
   } else if (type == TokenType::statisticType) {
     if (const std::optional<StatisticType> statistic = statisticTypeOf(subType)) {
@@ -117,6 +119,7 @@ bool fuseWithPreviousWord(std::vector<Token>& tokens, const Token& next) {
   Token& previous = tokens.back();
   if (!TokenTypeSet::fusingAfterLexingTypes.contains(previous.type)) return false;
   previous.stringValue += next.stringValue;
+  previous.textHash = 0;
   previous.range.length += next.range.length;
   previous.metadata = nullptr;
   return true;
@@ -151,7 +154,8 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
   }
   if (type == LexemeType::whitespace) return {TokenType::whitespace, std::string(fragment), range};
   if (std::optional<Token> token = variableToken(fragment, range, context)) return *std::move(token);
-  if (std::optional<Token> token = functionToken(fragment, range, context)) return *std::move(token);
+  const HashedWord word(fragment);
+  if (std::optional<Token> token = functionToken(word, range, context)) return *std::move(token);
   if (context.subsheets != nullptr && context.subsheets->knows(fragment)) {
     if (auto subsheet =
             context.subsheets->evaluatedSubsheetWith(LineReference{std::string(fragment)}, context.variables)) {
@@ -168,7 +172,9 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
       return customTypeToken(*custom, std::string(fragment), range);
     }
   }
-  return fixtureToken(fragment, range, context);
+  Token token = fixtureToken(word, range, context);
+  token.textHash = word.hash;
+  return token;
 }
 
 Token customTypeToken(const CustomType& type, std::string text, NSRange range) {

@@ -21,7 +21,7 @@ void replaceBySubstance(TokenList& list, const TokenSlice& slice, Substance subs
 
 /// "baking powder" rather than a word of it.
 bool wrapMultiWordSubstanceAt(TokenList& list, std::size_t index) {
-  const auto* candidates = SubstanceList::multiWordSubstancesBeginningWith(list[index].stringValue);
+  const auto* candidates = SubstanceList::multiWordSubstancesBeginningWith(list[index].word());
   if (candidates == nullptr) return false;
   for (const Substance& candidate : *candidates) {
     if (const auto slice = list.sliceBeginningWith(list[index], candidate.name)) {
@@ -42,7 +42,7 @@ void identifySubstancesIn(TokenList& list, const PassContext&) {
     const bool mayBeSubstance = list[i].is(TokenType::unidentified) ||
                                 list.tokenAfterMustBe(i, TokenType::rate, /*ignoreWhitespace=*/true) != nullptr;
     if (!mayBeSubstance) continue;
-    if (std::optional<Substance> substance = SubstanceList::runQuery(list[i].stringValue)) {
+    if (std::optional<Substance> substance = SubstanceList::runQuery(list[i].word())) {
       replaceBySubstance(list, list.slice(i, i), *std::move(substance));
     }
   }

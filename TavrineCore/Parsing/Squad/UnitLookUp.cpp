@@ -19,13 +19,13 @@ bool isNothingButSign(std::string_view text, const PassContext& context) {
 
 }  // namespace
 
-std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context) {
-  if (isNothingButSign(name, context)) return std::nullopt;
+std::optional<TCUnit> unitNamed(const HashedWord& name, const PassContext& context) {
+  if (isNothingButSign(name.text, context)) return std::nullopt;
   return context.content.unitList->quickLookup(name);
 }
 
-bool beginsMultiWordUnit(std::string_view word, const PassContext& context) {
-  if (isNothingButSign(word, context)) return false;
+bool beginsMultiWordUnit(const HashedWord& word, const PassContext& context) {
+  if (isNothingButSign(word.text, context)) return false;
   return context.content.unitList->beginsMultiWordUnit(word);
 }
 

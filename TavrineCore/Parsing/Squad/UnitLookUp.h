@@ -3,6 +3,7 @@
 #include <optional>
 #include <string_view>
 
+#include "Foundation/HashedWord.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Primitives/TCUnit.h"
 
@@ -11,10 +12,10 @@ namespace tavrine {
 struct PassContext;
 
 /// The unit of this name or symbol in the vocabulary of the line; nothing where the vocabulary holds no units.
-std::optional<TCUnit> unitNamed(std::string_view name, const PassContext& context);
+std::optional<TCUnit> unitNamed(const HashedWord& name, const PassContext& context);
 
 /// Whether a unit's name of several words may begin with this one.
-bool beginsMultiWordUnit(std::string_view word, const PassContext& context);
+bool beginsMultiWordUnit(const HashedWord& word, const PassContext& context);
 
 /// The unit that goes by the same name in the customization's system: the imperial pint for the pint.
 TCUnit preferredUnitFor(const TCUnit& unit, const PassContext& context);

@@ -49,7 +49,7 @@ void replaceCustomUnits(TokenList& list) {
 
 /// "nautical mile", "km/h": the longest name of several tokens that begins here.
 bool wrapMultiWordUnitAt(TokenList& list, std::size_t index, const PassContext& context) {
-  if (!beginsMultiWordUnit(list[index].stringValue, context)) return false;
+  if (!beginsMultiWordUnit(list[index].word(), context)) return false;
   std::optional<TCUnit> unit;
   const auto name = list.findPhraseTextBeginningWith(
       index, TokenTypeSet::typesInsideUnitNames,
@@ -75,7 +75,7 @@ bool isArticle(const TokenList& list, std::size_t index, const PassContext& cont
   const Token* before = list.tokenBefore(index, /*ignoreWhitespace=*/true);
   const Token* next = list.tokenAfter(index, /*ignoreWhitespace=*/true);
   if (before != nullptr && before->is(TokenType::number)) {
-    return next != nullptr && next->is(TokenType::unidentified) && unitNamed(next->stringValue, context);
+    return next != nullptr && next->is(TokenType::unidentified) && unitNamed(next->word(), context);
   }
   const bool isTarget = before != nullptr && before->is(TokenType::converterSymbol);
   return !isTarget || (next != nullptr && !next->is(TokenType::operator_));
@@ -87,7 +87,7 @@ void wrapWords(TokenList& list, const PassContext& context) {
     if (!TokenTypeSet::potentialUnitNamePrefixTypes.contains(list[i].type)) continue;
     if (wrapMultiWordUnitAt(list, i, context)) continue;
     if (list[i].is(TokenType::converterSymbol) || isOrdinal(list, i)) continue;
-    std::optional<TCUnit> unit = unitNamed(list[i].stringValue, context);
+    std::optional<TCUnit> unit = unitNamed(list[i].word(), context);
     if (unit && !isArticle(list, i, context)) replaceByUnit(list, i, i, *std::move(unit));
   }
 }

@@ -89,6 +89,24 @@ void appendCustomSequences(const TokenList& list, const CustomFunctionsList& fun
   }
 }
 
+/// The phrases whose words stand in a list.
+struct Candidates {
+  std::vector<const Function*> functions;
+  Sequences custom;
+
+  [[nodiscard]] bool isEmpty() const { return functions.empty() && custom.empty(); }
+
+  /// Those that can match now: enough tokens, and the types that the gaps want.
+  [[nodiscard]] Sequences thatFit(const TokenList& list) const {
+    Sequences sequences = PrototypeSequenceCache::sequencesFor(functions, &list);
+    sequences.insert(sequences.end(), custom.begin(), custom.end());
+    std::erase_if(sequences, [&list](const PrototypeSequenceRef& sequence) {
+      return sequence->prototypes().size() > list.count() || !sequence->typesWereIn(list);
+    });
+    return sequences;
+  }
+};
+
 /// Finds and wraps the calls of one list.
 class CallWrapper {
  public:
@@ -97,13 +115,12 @@ class CallWrapper {
       : list_(list), context_(context), depth_(depth) {}
 
   /// Whether there was any.
-  bool wrap(const Sequences& candidates) {
+  bool wrap(const Candidates& candidates) {
     bool hasWrapped = false;
-    Sequences sequences = candidates;
-    mayAskForLoan_ = std::any_of(sequences.begin(), sequences.end(), [](const PrototypeSequenceRef& sequence) {
-      return sequence->functionIdentifier() && kLoans.contains(*sequence->functionIdentifier());
-    });
-    drop(sequences);
+    Sequences sequences = candidates.thatFit(list_);
+    mayAskForLoan_ =
+        std::any_of(candidates.functions.begin(), candidates.functions.end(),
+                    [](const Function* function) { return kLoans.contains(function->identifier); });
     for (std::size_t end = list_.count(); end > 0 && !sequences.empty();) {
       PrototypeSequenceMatcher matcher(list_);
       std::optional<PrototypeSequenceMatcher::Match> match;
@@ -114,8 +131,12 @@ class CallWrapper {
       hasWrapped = true;
       // A call may be what a gap of another phrase wanted: "3 days after 5 days ago".
       const std::optional<FunctionIdentifier> called = match->sequence->functionIdentifier();
-      if (called && returnTypeOf(*called)) sequences = candidates;
-      drop(sequences);
+      if (called && returnTypeOf(*called)) {
+        sequences = candidates.thatFit(list_);
+      } else {
+        std::erase_if(sequences,
+                      [this](const auto& sequence) { return sequence->prototypes().size() > list_.count(); });
+      }
       // Nothing has changed for phrases that end farther right than one that begins with the new token reaches.
       end = std::min(list_.count(), match->slice.startIndex + longestOf(sequences));
     }
@@ -135,13 +156,6 @@ class CallWrapper {
     if (ofHost.empty()) return;
     std::optional<PrototypeSequenceMatcher::Match> wider = matcher.findSliceMatching(ofHost, match.slice.endIndex);
     if (wider && wider->slice.startIndex < match.slice.startIndex) match = *std::move(wider);
-  }
-
-  /// Leaves only what can still match: enough tokens, and the types that the gaps want.
-  void drop(Sequences& sequences) const {
-    std::erase_if(sequences, [this](const PrototypeSequenceRef& sequence) {
-      return sequence->prototypes().size() > list_.count() || !sequence->typesWereIn(list_);
-    });
   }
 
   [[nodiscard]] static std::size_t longestOf(const Sequences& sequences) {
@@ -271,7 +285,7 @@ bool joinsTwoNumbers(const Token& token) {
 
 /// Tries the phrases on "larger of three and nine" with two numbers in it; the list stays as it is where none wants
 /// them both. Whether one does.
-bool wrapWithNumbersApart(TokenList& list, const Sequences& sequences, const PassContext& context, std::size_t depth) {
+bool wrapWithNumbersApart(TokenList& list, const Candidates& candidates, const PassContext& context, std::size_t depth) {
   if (std::none_of(list.begin(), list.end(), joinsTwoNumbers)) return false;
   TokenList apart;
   for (const Token& token : list) {
@@ -282,7 +296,7 @@ bool wrapWithNumbersApart(TokenList& list, const Sequences& sequences, const Pas
     }
   }
   apart.replaceTypesCache(list.typesEverPresent());
-  if (!CallWrapper(apart, context, depth).wrap(sequences)) return false;
+  if (!CallWrapper(apart, context, depth).wrap(candidates)) return false;
   const auto isJoint = [](const Token& token) { return token.is(TokenType::conjunctionWord); };
   const auto conjunctionsIn = [&](const TokenList& tokens) {
     return std::count_if(tokens.begin(), tokens.end(), isJoint);
@@ -292,27 +306,27 @@ bool wrapWithNumbersApart(TokenList& list, const Sequences& sequences, const Pas
   return true;
 }
 
-using SequencesFor = Sequences (*)(const TokenList& list, const PassContext& context);
+using CandidatesFor = Candidates (*)(const TokenList& list, const PassContext& context);
 
-Sequences allSequencesFor(const TokenList& list, const PassContext& context) {
-  Sequences sequences;
-  if (!worthScanningForWordFunctionsIn(list)) return sequences;
+Candidates allCandidatesFor(const TokenList& list, const PassContext& context) {
+  Candidates candidates;
+  if (!worthScanningForWordFunctionsIn(list)) return candidates;
   const auto& mapper = context.content.functionList->numericalKeywordMapper();
-  sequences = PrototypeSequenceCache::sequencesFor(mapper.wordFunctionsWorthScanningForIn(list, context.features));
+  candidates.functions = mapper.wordFunctionsWorthScanningForIn(list, context.features);
   if (!context.customization.customFunctions().empty()) {
-    appendCustomSequences(list, *context.content.customFunctionsList, sequences);
+    appendCustomSequences(list, *context.content.customFunctionsList, candidates.custom);
   }
-  return sequences;
+  return candidates;
 }
 
-Sequences sequencesWithConjunctionsFor(const TokenList& list, const PassContext& context) {
-  Sequences sequences;
-  if (!list.anyTypesHaveBeenPresentIn(kConjunctions) || !worthScanningForWordFunctionsIn(list)) return sequences;
-  appendCustomSequences(list, *context.content.customFunctionsList, sequences);
-  std::erase_if(sequences, [](const PrototypeSequenceRef& sequence) {
+Candidates candidatesWithConjunctionsFor(const TokenList& list, const PassContext& context) {
+  Candidates candidates;
+  if (!list.anyTypesHaveBeenPresentIn(kConjunctions) || !worthScanningForWordFunctionsIn(list)) return candidates;
+  appendCustomSequences(list, *context.content.customFunctionsList, candidates.custom);
+  std::erase_if(candidates.custom, [](const PrototypeSequenceRef& sequence) {
     return !sequence->typesPresent().containsTypesFrom(kConjunctions);
   });
-  return sequences;
+  return candidates;
 }
 
 /// The amount at the index whose number is the lower half of a fraction: "3/4 cup". In "6 / 3/4 cup" the strokes divide
@@ -390,18 +404,18 @@ void joinPercentsOfBrackets(TokenList& list, std::size_t depth) {
   }
 }
 
-void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth);
+void wrapCallsIn(TokenList& list, const PassContext& context, CandidatesFor candidatesFor, std::size_t depth);
 
 /// Wraps the calls of the lists inside of the list. A call that is there already has its words, but what stands in
 /// brackets at its gaps is looked through.
-void wrapCallsInside(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
+void wrapCallsInside(TokenList& list, const PassContext& context, CandidatesFor candidatesFor, std::size_t depth) {
   for (std::size_t i = list.count(); i-- > 0;) {
     const Token& token = list[i];
     const bool isCall = token.is(TokenType::wordFunction);
     if (!token.subtokens || !(isCall || kListsWithPhrases.contains(token.type))) continue;
     TokenList inside = *token.subtokens;
     const std::uint64_t before = inside.modificationCount();
-    (isCall ? wrapCallsInside : wrapCallsIn)(inside, context, sequencesFor, depth + 1);
+    (isCall ? wrapCallsInside : wrapCallsIn)(inside, context, candidatesFor, depth + 1);
     if (inside.modificationCount() == before) continue;
     Token edited = token;
     edited.subtokens = TokenList::frozen(std::move(inside));
@@ -410,15 +424,15 @@ void wrapCallsInside(TokenList& list, const PassContext& context, SequencesFor s
 }
 
 /// Wraps the calls of the list and of those inside of it, inner lists first.
-void wrapCallsIn(TokenList& list, const PassContext& context, SequencesFor sequencesFor, std::size_t depth) {
-  wrapCallsInside(list, context, sequencesFor, depth);
-  Sequences sequences = sequencesFor(list, context);
-  if (sequences.empty()) return;
+void wrapCallsIn(TokenList& list, const PassContext& context, CandidatesFor candidatesFor, std::size_t depth) {
+  wrapCallsInside(list, context, candidatesFor, depth);
+  const Candidates candidates = candidatesFor(list, context);
+  if (candidates.isEmpty()) return;
   joinFractionsOfUnits(list);
   joinHalvesOfSubstances(list);
   joinPercentsOfBrackets(list, depth);
-  if (wrapWithNumbersApart(list, sequences, context, depth)) return;
-  CallWrapper(list, context, depth).wrap(sequences);
+  if (wrapWithNumbersApart(list, candidates, context, depth)) return;
+  CallWrapper(list, context, depth).wrap(candidates);
 }
 
 }  // namespace
@@ -428,11 +442,11 @@ namespace passes {
 void identifyCustomWordFunctionsWithConjunctionWordsBeforeListsAreIdentified(TokenList& list,
                                                                              const PassContext& context) {
   if (context.customization.customFunctions().empty()) return;
-  wrapCallsIn(list, context, sequencesWithConjunctionsFor, 0);
+  wrapCallsIn(list, context, candidatesWithConjunctionsFor, 0);
 }
 
 void identifyWordFunctionsIn(TokenList& list, const PassContext& context) {
-  wrapCallsIn(list, context, allSequencesFor, 0);
+  wrapCallsIn(list, context, allCandidatesFor, 0);
 }
 
 }  // namespace passes

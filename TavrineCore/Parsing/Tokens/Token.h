@@ -11,6 +11,7 @@
 
 #include "Foundation/Calendar.h"
 #include "Foundation/Decimal.h"
+#include "Foundation/HashedWord.h"
 #include "Foundation/Range.h"
 #include "TavrineCore/Imports.h"
 #include "TavrineCore/Parsing/Tokens/TokenMetadata.h"
@@ -83,6 +84,8 @@ class Token {
   TokenSubType subType;
   /// Where the text stands in the raw line, in UTF-16 units. {0, 0} for a token that was made from a value.
   NSRange range;
+  /// The text's `HashedWord::hash`, kept where many vocabularies will be asked for it; 0 where nobody has hashed it.
+  std::uint64_t textHash = 0;
   /// The text as it was typed.
   std::string stringValue;
   /// The tokens that this one was fused from; null for a token made of one lexeme.
@@ -98,6 +101,11 @@ class Token {
   template <class Metadata>
   [[nodiscard]] const Metadata* metadataAs() const noexcept {
     return metadata ? metadata->as<Metadata>() : nullptr;
+  }
+
+  /// The text as a word to look up.
+  [[nodiscard]] HashedWord word() const {
+    return textHash == 0 ? HashedWord(stringValue) : HashedWord(stringValue, textHash);
   }
 
   /// Whether the token stands in no text. Such tokens have no place in the order of `<`.

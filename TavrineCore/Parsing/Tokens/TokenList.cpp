@@ -100,7 +100,9 @@ TokenListRef TokenList::frozen(TokenList list) { return std::make_shared<const T
 void TokenList::rememberTypesOf(const Token& token) {
   typesEverPresent_.insert(token.type);
   deepTypesEverPresent_.insert(token.type);
-  if (const auto* unit = token.metadataAs<UnitTokenMetadata>()) {
+  if (!token.metadata) {
+    // Words and white space: nothing more to learn.
+  } else if (const auto* unit = token.metadataAs<UnitTokenMetadata>()) {
     unitTypesCache_.insert(unit->underlyingTCUnit.unitType());
   } else if (const auto* expression = token.metadataAs<UnitExpressionTokenMetadata>()) {
     unitTypesCache_.insert(expression->unitMetaData.underlyingTCUnit.unitType());

@@ -254,6 +254,8 @@ class TokenList {
   void insertAfter(Token token, const Token& afterToken);
   void insertBefore(Token token, const Token& beforeToken);
   void replaceAt(std::size_t index, Token token);
+  /// A comment in place of the token without subtokens that stands there; its text stays as it is, uncopied.
+  void becomeWordAt(std::size_t index);
   /// The closed run of indices by one token.
   void replaceRun(std::size_t firstIndex, std::size_t lastIndex, Token token);
   void removeAt(std::size_t index) { removeRun(index, index); }

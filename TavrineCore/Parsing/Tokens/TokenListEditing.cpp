@@ -55,6 +55,16 @@ void TokenList::replaceAt(std::size_t index, Token token) {
   noteEditAt(index);
 }
 
+void TokenList::becomeWordAt(std::size_t index) {
+  if (index >= count()) return;
+  Token& token = tokens_[index];
+  token.type = TokenType::wordComment;
+  token.subType = TokenSubType::notSpecified;
+  token.metadata.reset();
+  rememberTypesOf(token);
+  ++modificationCount_;
+}
+
 void TokenList::replaceRun(std::size_t firstIndex, std::size_t lastIndex, Token token) {
   if (firstIndex > lastIndex || lastIndex >= count()) return;
   if (firstIndex == lastIndex) return replaceAt(firstIndex, std::move(token));
@@ -158,8 +168,10 @@ bool isLineReference(const Token& token) {
 Token deidentified(const Token& token, bool retainSubtype) {
   if (isLineReference(token)) return token;
   if (!token.subtokens) {
-    return {TokenType::wordComment, retainSubtype ? token.subType : TokenSubType::notSpecified, token.stringValue,
-            token.range};
+    Token word(TokenType::wordComment, retainSubtype ? token.subType : TokenSubType::notSpecified, token.stringValue,
+               token.range);
+    word.textHash = token.textHash;
+    return word;
   }
   std::vector<Token> subtokens;
   subtokens.reserve(token.subtokens->count());
@@ -260,7 +272,10 @@ std::vector<Token> tokensWithFreshRanges(const TokenList& list, std::uint32_t of
   for (Token& token : result) {
     if (token.subtokens) {
       TokenList subtokens(tokensWithFreshRanges(*token.subtokens, offset, updateParentsStrings));
-      if (updateParentsStrings) token.stringValue = subtokens.rebuiltExpression();
+      if (updateParentsStrings) {
+        token.stringValue = subtokens.rebuiltExpression();
+        token.textHash = 0;
+      }
       token.subtokens = TokenList::frozen(std::move(subtokens));
     }
     token.range = {offset, lengthOf(token)};

@@ -117,6 +117,7 @@ class TokenListTransformation {
     list.countEnumeration();
     for (std::size_t step = 0; step < list.count(); ++step) {
       const std::size_t index = indexAtStep(step, list.count(), reversed_);
+      if (!list[index].subtokens && !types_.contains(list[index].type)) continue;
       std::optional<Token> changed;
       if (TokenListRef subtokens = transformedInside(list[index])) {
         editable().formCacheUnionWith(*subtokens);

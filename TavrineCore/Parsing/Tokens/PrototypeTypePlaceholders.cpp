@@ -1,4 +1,4 @@
-#include "TavrineCore/Parsing/Prototypes/PrototypeTypePlaceholders.h"
+#include "TavrineCore/Parsing/Tokens/PrototypeTypePlaceholders.h"
 
 #include <array>
 
