@@ -56,17 +56,25 @@ const SubstancesByFirstWord& multiWordSubstancesByPrefixCache() {
 
 }  // namespace
 
+bool SubstanceList::mayKnow(const HashedWord& word) {
+  static const WordFilter words = [] {
+    WordFilter made(2 * kSubstances.size());
+    for (const auto& [name, row] : substanceMap()) made.insert(name);
+    for (const auto& [firstWord, substances] : multiWordSubstancesByPrefixCache()) made.insert(firstWord);
+    return made;
+  }();
+  return words.mayContain(word);
+}
+
 std::optional<Substance> SubstanceList::runQuery(const HashedWord& fragment) {
-  static const WordFilter names = WordFilter::ofKeys(substanceMap());
-  if (!names.mayContain(fragment)) return std::nullopt;
+  if (!mayKnow(fragment)) return std::nullopt;
   const auto found = substanceMap().find(lowercased(fragment.text));
   return found == substanceMap().end() ? std::nullopt : std::optional(substanceFrom(*found->second));
 }
 
 const std::vector<Substance>* SubstanceList::multiWordSubstancesBeginningWith(const HashedWord& firstWordOfSubstance) {
+  if (!mayKnow(firstWordOfSubstance)) return nullptr;
   const SubstancesByFirstWord& all = multiWordSubstancesByPrefixCache();
-  static const WordFilter firstWords = WordFilter::ofKeys(all);
-  if (!firstWords.mayContain(firstWordOfSubstance)) return nullptr;
   const auto found = all.find(lowercased(firstWordOfSubstance.text));
   return found == all.end() ? nullptr : &found->second;
 }

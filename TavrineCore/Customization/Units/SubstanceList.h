@@ -12,6 +12,8 @@ namespace tavrine {
 /// The densities of what is cooked and baked with. Built once, read from any thread.
 class SubstanceList {
  public:
+  /// False for most words that are no substance and begin none.
+  [[nodiscard]] static bool mayKnow(const HashedWord& word);
   /// The substance of exactly this name, in upper or lower case.
   [[nodiscard]] static std::optional<Substance> runQuery(const HashedWord& fragment);
 

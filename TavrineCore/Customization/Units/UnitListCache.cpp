@@ -160,9 +160,11 @@ bool UnitListCache::beginsMultiWordUnit(const HashedWord& firstLexeme) const {
 }
 
 void UnitListCache::makeFilters() {
-  words_ = WordFilter(unitDescriptionsForQueries_.size() + querySubstitutions_.size());
+  words_ = WordFilter(unitDescriptionsForQueries_.size() + querySubstitutions_.size() +
+                      firstWordsInMultiWordUnitsCache_.size());
   for (const auto& [word, index] : unitDescriptionsForQueries_) words_.insert(word);
   for (const auto& [sign, word] : querySubstitutions_) words_.insert(sign);
+  for (const std::string& word : firstWordsInMultiWordUnitsCache_) words_.insert(word);
   firstWords_ = WordFilter::ofKeys(firstWordsInMultiWordUnitsCache_);
 }
 

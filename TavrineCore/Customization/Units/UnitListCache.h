@@ -41,7 +41,8 @@ class UnitListCache {
 
   /// The first lexeme of each name that has several.
   [[nodiscard]] const StringSet& firstWordsInMultiWordUnitsCache() const { return firstWordsInMultiWordUnitsCache_; }
-  /// False only for a text that means nothing in any case of its letters, nor is a currency's sign.
+  /// False only for a text that means nothing in any case of its letters, is no currency's sign, and begins no name of
+  /// several lexemes.
   [[nodiscard]] bool mayMeanSomething(const HashedWord& word) const { return words_.mayContain(word); }
   /// Whether a name of several lexemes begins with this one, in this or in lower case.
   [[nodiscard]] bool beginsMultiWordUnit(const HashedWord& firstLexeme) const;

@@ -205,6 +205,10 @@ void tokensForLexemes(TokenList& list, const PassContext& context) {
   std::vector<Token> tokens;
   tokens.reserve(context.scratch.lexemes.size());
   for (const Lexeme& lexeme : context.scratch.lexemes) {
+    if (lexeme.type == LexemeType::whitespace) {
+      tokens.emplace_back(TokenType::whitespace, std::string(lexeme.string), lexeme.range);
+      continue;
+    }
     Token token = tokenFor(lexeme.string, lexeme.range, lexeme.type, context);
     if (fuseWithPreviousWord(tokens, token)) continue;
     if (fusedNumberWhitespaceNumber(tokens, token, context)) continue;

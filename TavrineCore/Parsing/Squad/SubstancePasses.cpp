@@ -36,7 +36,7 @@ bool wrapMultiWordSubstanceAt(TokenList& list, std::size_t index) {
 
 void identifySubstancesIn(TokenList& list, const PassContext&) {
   for (std::size_t i = 0; i < list.count(); ++i) {
-    if (!TokenTypeSet::typesInSubstances.contains(list[i].type)) continue;
+    if (!TokenTypeSet::typesInSubstances.contains(list[i].type) || !SubstanceList::mayKnow(list[i].word())) continue;
     if (wrapMultiWordSubstanceAt(list, i)) continue;
     // A unit stays one, unless a rate behind it says so much of what there is per what.
     const bool mayBeSubstance = list[i].is(TokenType::unidentified) ||

@@ -19,6 +19,11 @@ bool isNothingButSign(std::string_view text, const PassContext& context) {
 
 }  // namespace
 
+bool mayBeOrBeginUnit(const HashedWord& word, const PassContext& context) {
+  if (isNothingButSign(word.text, context)) return false;
+  return context.content.unitList->cache().mayMeanSomething(word);
+}
+
 std::optional<TCUnit> unitNamed(const HashedWord& name, const PassContext& context) {
   if (isNothingButSign(name.text, context)) return std::nullopt;
   return context.content.unitList->quickLookup(name);

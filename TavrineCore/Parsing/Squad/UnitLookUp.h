@@ -11,6 +11,9 @@ namespace tavrine {
 
 struct PassContext;
 
+/// False for most words that are no unit and begin none.
+bool mayBeOrBeginUnit(const HashedWord& word, const PassContext& context);
+
 /// The unit of this name or symbol in the vocabulary of the line; nothing where the vocabulary holds no units.
 std::optional<TCUnit> unitNamed(const HashedWord& name, const PassContext& context);
 

@@ -85,6 +85,7 @@ void wrapWords(TokenList& list, const PassContext& context) {
   if (!list.anyTypesHaveBeenPresentIn(TokenTypeSet::potentialUnitNamePrefixTypes)) return;
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!TokenTypeSet::potentialUnitNamePrefixTypes.contains(list[i].type)) continue;
+    if (!mayBeOrBeginUnit(list[i].word(), context)) continue;
     if (wrapMultiWordUnitAt(list, i, context)) continue;
     if (list[i].is(TokenType::converterSymbol) || isOrdinal(list, i)) continue;
     std::optional<TCUnit> unit = unitNamed(list[i].word(), context);

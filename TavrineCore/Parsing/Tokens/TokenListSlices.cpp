@@ -1,6 +1,7 @@
 // Runs of tokens.
 
 #include <algorithm>
+#include <array>
 #include <cassert>
 #include <iterator>
 #include <utility>
@@ -124,17 +125,22 @@ std::optional<TokenSlice> TokenList::findPhraseTextBeginningWith(std::size_t ind
                                                                  FunctionRef<bool(std::string_view text)> handler,
                                                                  std::size_t maximumWordCount) const {
   if (index >= count()) return std::nullopt;
-  const std::vector<std::size_t> ends = phraseEnds(*this, index, validTypes, maximumWordCount);
-  if (ends.empty()) return std::nullopt;
-
+  struct Phrase {
+    std::size_t last = 0;    // the index of its last token
+    std::size_t length = 0;  // of its text
+  };
+  std::array<Phrase, kMaximumPhraseWords> phrases;
+  std::size_t phraseCount = 0;
   std::string text = tokens_[index].stringValue;
-  std::vector<std::size_t> lengths;
-  for (std::size_t i = index + 1; i <= ends.back(); ++i) {
-    text += tokens_[i].stringValue;
-    if (i == ends[lengths.size()]) lengths.push_back(text.size());
+  for (std::size_t i = index + 1; i < count() && phraseCount < std::min(maximumWordCount, phrases.size()); ++i) {
+    const Token& token = tokens_[i];
+    if (!token.is(TokenType::whitespace) && !validTypes.contains(token.type)) break;
+    text += token.stringValue;
+    if (!token.is(TokenType::whitespace)) phrases[phraseCount++] = {i, text.size()};
   }
-  for (std::size_t i = ends.size(); i-- > 0;) {
-    if (handler(std::string_view(text).substr(0, lengths[i]))) return slice(index, ends[i]);
+  while (phraseCount-- > 0) {
+    const Phrase& phrase = phrases[phraseCount];
+    if (handler(std::string_view(text).substr(0, phrase.length))) return slice(index, phrase.last);
   }
   return std::nullopt;
 }
