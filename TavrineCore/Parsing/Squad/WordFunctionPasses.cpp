@@ -118,9 +118,8 @@ class CallWrapper {
   bool wrap(const Candidates& candidates) {
     bool hasWrapped = false;
     Sequences sequences = candidates.thatFit(list_);
-    mayAskForLoan_ =
-        std::any_of(candidates.functions.begin(), candidates.functions.end(),
-                    [](const Function* function) { return kLoans.contains(function->identifier); });
+    mayAskForLoan_ = std::any_of(candidates.functions.begin(), candidates.functions.end(),
+                                 [](const Function* function) { return kLoans.contains(function->identifier); });
     for (std::size_t end = list_.count(); end > 0 && !sequences.empty();) {
       PrototypeSequenceMatcher matcher(list_);
       std::optional<PrototypeSequenceMatcher::Match> match;
@@ -285,7 +284,8 @@ bool joinsTwoNumbers(const Token& token) {
 
 /// Tries the phrases on "larger of three and nine" with two numbers in it; the list stays as it is where none wants
 /// them both. Whether one does.
-bool wrapWithNumbersApart(TokenList& list, const Candidates& candidates, const PassContext& context, std::size_t depth) {
+bool wrapWithNumbersApart(TokenList& list, const Candidates& candidates, const PassContext& context,
+                          std::size_t depth) {
   if (std::none_of(list.begin(), list.end(), joinsTwoNumbers)) return false;
   TokenList apart;
   for (const Token& token : list) {
