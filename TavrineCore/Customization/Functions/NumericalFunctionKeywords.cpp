@@ -64,12 +64,15 @@ void visitWordsOf(std::string_view phrase, Visitor&& visit) {
   }
 }
 
-/// The types that the gaps of a phrase name, as far as each is one token of its own.
+/// The types that a line must have held for the gaps of a phrase, as far as each takes tokens of its type alone.
 TokenTypeSet typesWantedBy(std::string_view phrase) {
+  constexpr TokenTypeSet kTakenForOthers{TokenType::anyWord, TokenType::dynamicPlace, TokenType::literal,
+                                         TokenType::percentage, TokenType::number};
   TokenTypeSet types;
   for (std::size_t start = 0; start < phrase.size();) {
     const std::size_t end = std::min(phrase.find_first_of(" (", start), phrase.size());
-    if (const auto type = PrototypeTypePlaceholders::typeFor(phrase.substr(start, end - start))) types.insert(*type);
+    const auto type = PrototypeTypePlaceholders::typeFor(phrase.substr(start, end - start));
+    if (type && !kTakenForOthers.contains(*type)) types.insert(*type);
     start = end + 1;
   }
   return types;
