@@ -153,8 +153,11 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
   for (std::size_t i = 0; i < indexedFunctions_.size(); ++i) {
     const std::size_t first = i == 0 ? 0 : ends_[i - 1];
     if (first == ends_[i]) {
-      wordlessFunctions_.push_back(i);
-      typesOfWordless_.push_back(typesWantedBy(indexedFunctions_[i].prototypeExpression));
+      const TokenTypeSet types = typesWantedBy(indexedFunctions_[i].prototypeExpression);
+      auto phrases = std::find_if(wordlessFunctions_.begin(), wordlessFunctions_.end(),
+                                  [&types](const WordlessPhrases& known) { return known.types == types; });
+      if (phrases == wordlessFunctions_.end()) phrases = wordlessFunctions_.insert(phrases, {types, {}});
+      phrases->ranks.push_back(i);
       continue;
     }
     const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends_[i] - first);
@@ -241,8 +244,8 @@ void NumericalFunctionKeywords::addWordless(const TokenList& tokenList, std::vec
     if (const auto returned = returnTypeOf(indexedFunctions_[rank].identifier)) types.insert(*returned);
   }
   const std::size_t saidByWords = ranks.size();
-  for (std::size_t i = 0; i < wordlessFunctions_.size(); ++i) {
-    if (typesOfWordless_[i].isSubsetOf(types)) ranks.push_back(wordlessFunctions_[i]);
+  for (const WordlessPhrases& phrases : wordlessFunctions_) {
+    if (phrases.types.isSubsetOf(types)) ranks.insert(ranks.end(), phrases.ranks.begin(), phrases.ranks.end());
   }
   if (ranks.size() > saidByWords) std::sort(ranks.begin(), ranks.end());
 }

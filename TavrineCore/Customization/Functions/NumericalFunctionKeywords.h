@@ -89,9 +89,12 @@ class NumericalFunctionKeywords {
   std::vector<std::size_t> ends_;  // of each phrase, in that list
   /// By the number of the keyword under which a phrase stands: the rarest of its words.
   std::vector<std::vector<FunctionRequirements>> functionsWithRequirements_;
-  /// Phrases without a word: "10 ft 1080p". Few, and what their gaps want.
-  std::vector<std::size_t> wordlessFunctions_;
-  std::vector<TokenTypeSet> typesOfWordless_;
+  /// Phrases without a word, "10 ft 1080p", by the types that their gaps want.
+  struct WordlessPhrases {
+    TokenTypeSet types;
+    std::vector<std::size_t> ranks;
+  };
+  std::vector<WordlessPhrases> wordlessFunctions_;
 };
 
 /// The words of a phrase or of a line, in lower case: runs of letters. Letters of scripts that put no blanks between

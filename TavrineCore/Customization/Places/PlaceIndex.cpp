@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <bit>
+#include <unordered_map>
 #include <utility>
 
 #include "Foundation/Hashing.h"
+#include "Foundation/SerialQueue.h"
 #include "Foundation/StringMap.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Places/NameLexemes.h"
@@ -39,9 +41,36 @@ auto withLowercase(std::string_view text, Use use) {
 
 }  // namespace
 
+/// The places that were asked for last: people write of the same few, and a row is a text that has to be read.
+class PlaceIndex::ReadPlaces {
+ public:
+  /// What `read` gives the first time.
+  std::optional<Place> placeFor(std::uint32_t globalName, FunctionRef<std::optional<Place>()> read) {
+    using Known = std::shared_ptr<const std::optional<Place>>;
+    Known known = accessQueue_.sync([&]() -> Known {
+      const auto found = places_.find(globalName);
+      return found == places_.end() ? nullptr : found->second;
+    });
+    if (known == nullptr) {
+      known = std::make_shared<const std::optional<Place>>(read());
+      accessQueue_.async([&] {
+        if (places_.size() >= kMaximumCount) places_.clear();
+        places_.insert_or_assign(globalName, known);
+      });
+    }
+    return *known;
+  }
+
+ private:
+  static constexpr std::size_t kMaximumCount = 64;
+
+  SerialQueue accessQueue_{"Read Places Access Queue"};
+  std::unordered_map<std::uint32_t, std::shared_ptr<const std::optional<Place>>> places_;
+};
+
 PlaceIndex::PlaceIndex(std::shared_ptr<const PlaceRows> cities, std::shared_ptr<const PlaceRows> countries,
                        std::shared_ptr<const PlaceRows> states)
-    : tables_{std::move(cities), std::move(countries), std::move(states)} {
+    : readPlaces_(std::make_shared<ReadPlaces>()), tables_{std::move(cities), std::move(countries), std::move(states)} {
   std::size_t nameCount = 0;
   for (std::size_t table = 0; table < kTables; ++table) {
     firstNames_[table] = static_cast<std::uint32_t>(nameCount);
@@ -170,6 +199,10 @@ std::string_view PlaceIndex::textOf(std::uint32_t globalName) const {
 }
 
 std::optional<Place> PlaceIndex::placeOfName(std::uint32_t globalName) const {
+  return readPlaces_->placeFor(globalName, [&] { return placeReadFor(globalName); });
+}
+
+std::optional<Place> PlaceIndex::placeReadFor(std::uint32_t globalName) const {
   const NameReference reference = referenceOf(globalName);
   const PlaceRows& table = *tables_[reference.table];
   const std::size_t row = table.names()[reference.name].row;

@@ -57,10 +57,14 @@ class PlaceIndex {
 
   [[nodiscard]] NameReference referenceOf(std::uint32_t globalName) const;
   [[nodiscard]] std::optional<Place> placeOfName(std::uint32_t globalName) const;
+  [[nodiscard]] std::optional<Place> placeReadFor(std::uint32_t globalName) const;
   [[nodiscard]] std::string_view textOf(std::uint32_t globalName) const;
   void enterName(std::uint64_t hash, std::uint32_t globalName);
   void enterPhrasesOfRow(std::size_t table, std::size_t firstName, std::size_t endName);
 
+  class ReadPlaces;
+
+  std::shared_ptr<ReadPlaces> readPlaces_;
   std::array<std::shared_ptr<const PlaceRows>, kTables> tables_;
   std::array<std::uint32_t, kTables> firstNames_{};  // the global number of each table's first name
   std::vector<Slot> slots_;                          // a power of two, probed one after the other

@@ -382,17 +382,25 @@ void Deidentifier::process(const DeidentifierAction& action, TokenList& list, st
   }
 }
 
+namespace {
+
+/// Whether a token of the list, or one inside of it, is to be acted on.
+bool isAnythingToDoIn(const TokenList& list, const Token* parent, const EngineFeatureFlags& features,
+                      MeaningScan& scan) {
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    const Token& token = list[i];
+    if (token.subtokens && isAnythingToDoIn(*token.subtokens, &token, features, scan)) return true;
+    if (kNeverActedOn.contains(token.type)) continue;
+    if (actionFor(Item(parent, list, i, scan), features).kind != none) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 bool Deidentifier::isAnythingToDo() const {
-  const EngineFeatureFlags& features = engineCustomization_.featureFlags();
   MeaningScan scan;
-  bool result = false;
-  tokenList_.enumerateAllTokens(
-      /*reversed=*/false, [&](const Token& token, const TokenList& list, const Token* parent, bool& stop) {
-        const auto index = kNeverActedOn.contains(token.type) ? std::nullopt : list.indexOf(token);
-        if (!index || actionFor(Item(parent, list, *index, scan), features).kind == none) return;
-        stop = result = true;
-      });
-  return result;
+  return isAnythingToDoIn(tokenList_, nullptr, engineCustomization_.featureFlags(), scan);
 }
 
 void Deidentifier::deidentifyStragglers() {

@@ -71,6 +71,7 @@ bool MatchableTokens::matchesFrom(std::size_t index, const PrototypeSequence& se
     return false;
   }
   const std::size_t last = prototypes.size() - 1;
+  if (!sequence.mayBeFirstWord(list_[index + sequence.firstWordIndex()])) return false;
   if (!matchesAt(index, *prototypes.front()) || !matchesAt(index + last, *prototypes.back())) return false;
   for (std::size_t i = 1; i < last; ++i) {
     if (!matchesAt(index + i, *prototypes[i])) return false;

@@ -1,5 +1,7 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequence.h"
 
+#include <algorithm>
+
 #include "Foundation/Text.h"
 #include "TavrineCore/Parsing/Prototypes/TokenPrototypes.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -35,6 +37,21 @@ std::optional<TokenType> typeWantedBy(const TokenPrototype& prototype) {
   return std::nullopt;
 }
 
+/// The kind of unit that a line must have held for the position. Durations come from tokens of many types.
+std::optional<UnitType> unitTypeWantedBy(const TokenPrototype& prototype) {
+  std::optional<UnitType> type;
+  if (prototype.kind() == Kind::typedUnit) {
+    type = static_cast<const TypedUnitTokenPrototype&>(prototype).unitType();
+  } else if (prototype.kind() == Kind::typedUnitExpression) {
+    type = static_cast<const TypedUnitExpressionTokenPrototype&>(prototype).unitType();
+  }
+  return type == UnitType::duration ? std::nullopt : type;
+}
+
+/// Tokens that may come to a value in a unit that stands nowhere in the line.
+constexpr TokenTypeSet kOfUnitsToBeWorkedOut{TokenType::wordFunction, TokenType::subexpression, TokenType::variable,
+                                             TokenType::subsheet};
+
 template <class Tokens>
 bool allMatch(const PrototypeSequence::Prototypes& prototypes, const Tokens& tokens) {
   auto token = tokens.begin();
@@ -52,9 +69,15 @@ PrototypeSequence::PrototypeSequence(Prototypes prototypes, std::optional<Protot
   auto phrase = std::make_shared<Phrase>();
   for (const auto& prototype : prototypes) {
     if (prototype->kind() == Kind::literal) {
-      phrase->words.insert(lowercased(static_cast<const LiteralTokenPrototype&>(*prototype).string()));
+      const std::string& word = static_cast<const LiteralTokenPrototype&>(*prototype).string();
+      if (phrase->words.empty()) {
+        phrase->firstWordIndex = static_cast<std::size_t>(&prototype - prototypes.data());
+        phrase->firstWordHash = HashedWord(word).hash;
+      }
+      phrase->words.insert(lowercased(word));
     }
     if (const std::optional<TokenType> type = typeWantedBy(*prototype)) phrase->types.insert(*type);
+    if (const std::optional<UnitType> type = unitTypeWantedBy(*prototype)) phrase->unitTypes.push_back(*type);
     phrase->asksForPlaceOfProvider = phrase->asksForPlaceOfProvider || prototype->kind() == Kind::dynamicPlace;
   }
   phrase->prototypes = std::move(prototypes);
@@ -69,7 +92,10 @@ bool PrototypeSequence::typesWereIn(const TokenList& list) const {
   TokenTypeSet types = typesPresent();
   if (list.typePrecheck(TokenType::fraction)) types.remove(TokenType::percentage);
   if (list.typePrecheck(TokenType::legacyQuotationComment)) types.remove(TokenType::literal);
-  return list.typesPrecheck(types);
+  if (!list.typesPrecheck(types)) return false;
+  const auto wasPresent = [&list](UnitType type) { return list.unitTypesCache().contains(type); };
+  return std::all_of(phrase_->unitTypes.begin(), phrase_->unitTypes.end(), wasPresent) ||
+         list.anyTypesHaveBeenPresentIn(kOfUnitsToBeWorkedOut);
 }
 
 bool PrototypeSequence::matches(const TokenSlice& slice) const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -12,12 +14,13 @@
 #include "TavrineCore/Customization/Functions/Function.h"
 #include "TavrineCore/Customization/Variables/Variable.h"
 #include "TavrineCore/Imports.h"
+#include "TavrineCore/Parsing/Primitives/UnitType.h"
 #include "TavrineCore/Parsing/Prototypes/TokenPrototype.h"
+#include "TavrineCore/Parsing/Tokens/Token.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
 namespace tavrine {
 
-class Token;
 class TokenList;
 struct TokenSlice;
 
@@ -48,6 +51,13 @@ class PrototypeSequence {
 
   /// The literal words of the phrase, in lower case: a line without all of them can't hold it.
   [[nodiscard]] const StringSet& wordsPresent() const { return phrase_->words; }
+  /// False only where the token can't be the first literal word of the phrase; that word stands at `firstWordIndex`.
+  /// Told from hashes, so that most places where a phrase doesn't stand cost no comparison of texts.
+  [[nodiscard]] bool mayBeFirstWord(const Token& token) const {
+    if (phrase_->firstWordHash == 0) return true;
+    return token.textHash == 0 ? !token.is(TokenType::whitespace) : token.textHash == phrase_->firstWordHash;
+  }
+  [[nodiscard]] std::size_t firstWordIndex() const { return phrase_->firstWordIndex; }
   /// The types that a line must have held, as far as the gaps name types.
   [[nodiscard]] const TokenTypeSet& typesPresent() const { return phrase_->types; }
   /// Whether a gap takes the name of a place that only a host knows, and with it as many words as the name has.
@@ -73,6 +83,9 @@ class PrototypeSequence {
     Prototypes prototypes;
     StringSet words;
     TokenTypeSet types;
+    std::vector<UnitType> unitTypes;  // of the units that a line must have held
+    std::size_t firstWordIndex = 0;
+    std::uint64_t firstWordHash = 0;  // 0 where there is no word, or none of ASCII letters
     bool asksForPlaceOfProvider = false;
   };
 

@@ -72,6 +72,7 @@ class CallCache {
     return accessQueue_.sync([&] {
       const Calls& calls = isChinese ? chineseCalls_ : calls_;
       std::vector<PrototypeSequenceRef> known;
+      known.reserve(functions.size());
       for (const Function* function : functions) {
         const auto found = calls.find(function->prototypeExpression);
         if (found == calls.end() || found->second->functionIdentifier() != function->identifier) {

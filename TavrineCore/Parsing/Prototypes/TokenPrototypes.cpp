@@ -9,6 +9,7 @@
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/Token.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 
 namespace tavrine {
 
@@ -32,6 +33,7 @@ bool SubTypeTokenPrototype::matches(const Token& token) const { return token.sub
 std::string SubTypeTokenPrototype::debugDescription() const { return '<' + std::string(toString(subType_)) + '>'; }
 
 bool TypedUnitTokenPrototype::matches(const Token& token) const {
+  if (const auto* unit = token.metadataAs<UnitTokenMetadata>()) return unit->underlyingTCUnit.unitType() == unitType_;
   const std::optional<TCUnit> unit = token.unitValue();
   return unit && unit->unitType() == unitType_;
 }
@@ -40,6 +42,11 @@ std::string TypedUnitTokenPrototype::debugDescription() const {
 }
 
 bool TypedUnitExpressionTokenPrototype::matches(const Token& token) const {
+  // Most amounts carry their unit, and what a timespan comes to need not be worked out to say no.
+  if (const auto* amount = token.metadataAs<UnitExpressionTokenMetadata>()) {
+    return amount->unitMetaData.underlyingTCUnit.unitType() == unitType_;
+  }
+  if (token.is(TokenType::timespan) && unitType_ != UnitType::duration) return false;
   const std::optional<UnitExpression> expression = token.unitExpressionValue();
   return expression && expression->unit.unitType() == unitType_;
 }

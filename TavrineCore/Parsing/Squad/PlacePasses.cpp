@@ -70,6 +70,16 @@ std::size_t extentOf(const TokenList& list, std::size_t index, const Words& word
 
 std::size_t extentOfName(const TokenList& list, std::size_t index, std::string_view name) {
   std::vector<std::string_view> words;
+  const auto isLetterOrBlank = [](char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == ' '; };
+  if (std::all_of(name.begin(), name.end(), isLetterOrBlank)) {
+    // Nearly all names, where a lexeme is what stands between blanks.
+    for (std::size_t start = 0; start < name.size();) {
+      const std::size_t end = std::min(name.find(' ', start), name.size());
+      if (end > start) words.push_back(name.substr(start, end - start));
+      start = end + 1;
+    }
+    return extentOf(list, index, words, nextWordOfName);
+  }
   for (const Lexeme& lexeme : Lexer::lexemesFor(name, Locale::current())) {
     if (lexeme.type != LexemeType::whitespace && lexeme.string != ",") words.push_back(lexeme.string);
   }
@@ -174,7 +184,10 @@ bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassConte
     becomePlace(list, index, index + longest - 1, *place);
     return true;
   }
-  if (!context.features.shortFormUSTimezones || !equalsIgnoringCase(list[*second].stringValue, "time")) return false;
+  constexpr std::string_view kTime = "time";
+  const std::string& secondWord = list[*second].stringValue;
+  if (secondWord.size() != kTime.size() || !context.features.shortFormUSTimezones) return false;
+  if (!equalsIgnoringCase(secondWord, kTime)) return false;
   const std::string word = lowercased(list[index].stringValue);
   if (!USNamedTimezoneAbbreviations::beginsName(word)) return false;
   const std::optional<Place> zone = USNamedTimezoneAbbreviations::timezoneFor(word + " time");

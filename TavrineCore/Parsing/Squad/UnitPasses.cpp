@@ -28,6 +28,10 @@ namespace {
 constexpr std::size_t kMaximumTokensInUnitName = 4;
 
 void replaceByUnit(TokenList& list, std::size_t first, std::size_t last, TCUnit unit) {
+  if (first == last) {
+    list.replaceAt(first, unitToken(list[first].stringValue, list[first].range, std::move(unit)));
+    return;
+  }
   const TokenSlice slice = list.slice(first, last);
   list.replaceRun(first, last, unitToken(slice.stringValue(), slice.range(), std::move(unit)));
 }
