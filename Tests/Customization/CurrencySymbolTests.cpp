@@ -12,9 +12,12 @@
 #include "Foundation/Locale.h"
 #include "TavrineCore/Customization/Currencies/CurrencyList.h"
 #include "TavrineCore/Customization/Units/UnitSymbolReplacement.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using foundation::Locale;
 using Rows = std::vector<UnitSymbolReplacement>;
@@ -43,18 +46,13 @@ TEST(CurrencySymbolTest, StandardSignsBelongToKnownMoney) {
 }
 
 TEST(CurrencySymbolTest, PrintsTheSignsOfTheLocale) {
-  struct {
+  struct Row {
     std::string_view locale;
     std::string_view code;
     std::string_view sign;
-  } const cases[] = {
-      {"en_US", "USD", "$"},  {"en_US", "JPY", "¥"},   {"en_US", "CAD", "C$"},  {"en_US", "EUR", "€"},
-      {"en_US", "CNY", ""},   {"en_CA", "CAD", "$"},   {"en_CA", "USD", "US$"}, {"en_AU", "AUD", "$"},
-      {"en_GB", "USD", "$"},  {"en_GB", "GBP", "£"},   {"de_DE", "EUR", "€"},   {"de_CH", "CHF", "CHF"},
-      {"ja_JP", "USD", "$"},  {"zh_CN", "CNY", "¥"},   {"zh_CN", "JPY", ""},    {"sv_SE", "SEK", "kr"},
-      {"sv_SE", "DKK", "kr"}, {"da_DK", "DKK", "kr."}, {"pt_BR", "BRL", "R$"},  {"fr", "EUR", "€"},
   };
-  for (const auto& [locale, code, sign] : cases) {
+  for (const auto& [locale, code, sign] :
+       rowsOf<Row>("Customization/CurrencySymbolTests", "PrintsTheSignsOfTheLocale")) {
     EXPECT_EQ(signOf(code, UnitSymbolReplacement::standardCustomSymbolsFor(Locale(locale))), sign)
         << locale << " " << code;
   }
@@ -79,18 +77,13 @@ TEST(CurrencySymbolTest, PutsTheLocalesOwnSignInFront) {
 }
 
 TEST(CurrencySymbolTest, ReadsTheStandardSignsInEveryLocale) {
-  struct {
+  struct Row {
     std::string_view locale;
     std::string_view sign;
     std::string_view code;
-  } const cases[] = {
-      {"en_US", "$", "USD"},  {"en_US", "US$", "USD"}, {"en_US", "A$", "AUD"},  {"en_CA", "$", "CAD"},
-      {"en_CA", "C$", "CAD"}, {"en_CA", "US$", "USD"}, {"en_AU", "A$", "AUD"},  {"de_DE", "$", "USD"},
-      {"sv_SE", "kr", "SEK"}, {"da_DK", "kr", "DKK"},  {"da_DK", "kr.", "DKK"}, {"zh_CN", "¥", "CNY"},
-      {"ja_JP", "¥", "JPY"},  {"en_US", "﷼", "SAR"},   {"en_US", "₿", "BTC"}, {"en_US", "丰", "Satoshi"},
-      {"en_US", "Bs", ""},
   };
-  for (const auto& [locale, sign, code] : cases) {
+  for (const auto& [locale, sign, code] :
+       rowsOf<Row>("Customization/CurrencySymbolTests", "ReadsTheStandardSignsInEveryLocale")) {
     EXPECT_EQ(codeOf(sign, UnitSymbolReplacement::typedSymbolsFor(Locale(locale))), code) << locale << " " << sign;
   }
 }

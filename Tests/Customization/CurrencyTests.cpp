@@ -19,9 +19,12 @@
 #include "TavrineCore/Customization/Currencies/InflationList.h"
 #include "TavrineCore/Customization/Currencies/MockCurrencyRateProvider.h"
 #include "TavrineCore/Parsing/Primitives/UnitFamilies.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using enum UnitIdentifier;
 
@@ -41,22 +44,12 @@ TEST(CurrencyListTest, KnowsEveryCurrencyByItsCode) {
   crypto.insert(currencySatoshi);
   EXPECT_EQ(crypto, cryptoCurrencies);
 
-  struct {
+  struct Row {
     std::string_view code;
     std::optional<UnitIdentifier> identifier;
-  } const cases[] = {
-      {"USD", currencyUSD},
-      {"XAU", currencyXAU},
-      {"MATIC", currencyMATIC},
-      {"Satoshi", currencySatoshi},
-      {"cents", currencyDollarCents},
-      {"pence", currencyBritishPence},
-      {"euro cents", currencyEuroCents},
-      {"usd", std::nullopt},
-      {"DollarCents", std::nullopt},
-      {"", std::nullopt},
   };
-  for (const auto& [code, identifier] : cases) EXPECT_EQ(CurrencyList::unitIdentifierFor(code), identifier) << code;
+  for (const auto& [code, identifier] : rowsOf<Row>("Customization/CurrencyTests", "KnowsEveryCurrencyByItsCode"))
+    EXPECT_EQ(CurrencyList::unitIdentifierFor(code), identifier) << code;
 }
 
 TEST(CurrencyListTest, TellsACodeThatLeadsBackToItsCurrency) {

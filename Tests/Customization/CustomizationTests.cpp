@@ -21,9 +21,12 @@
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Parsing/Primitives/Holiday.h"
 #include "Tests/Customization/CustomizationTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::environmentIn;
 
@@ -177,12 +180,7 @@ TEST(Customization, KnowsOperatorsAndFunctions) {
     std::string_view text;
     bool isOperator, isFunction;
   };
-  constexpr Case kCases[] = {
-      {"+", true, false},     {"<=", true, false},    {"mod", true, false},    {"MOD", true, false},
-      {"Times", true, false}, {"÷", true, false},     {"%", false, false},     {"and", false, false},
-      {"sqrt", false, true},  {"Sqrt", false, false}, {"arcsin", false, true}, {"", false, false},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Customization/CustomizationTests", "KnowsOperatorsAndFunctions")) {
     EXPECT_EQ(EngineCustomization::isOperator(c.text), c.isOperator) << c.text;
     EXPECT_EQ(EngineCustomization::isClassicFunction(c.text), c.isFunction) << c.text;
   }

@@ -27,9 +27,12 @@
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 #include "Tests/Customization/CustomizationTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::environmentIn;
 
@@ -65,24 +68,7 @@ TEST(FixturesList, LanguagesAddToTheUniversalWords) {
     std::string_view text;
     std::optional<Fixture> want;
   };
-  const Case cases[] = {
-      {"fois", Fixture::multiplicationOperator},
-      {"mod", Fixture::statisticWordMedian},
-      {"+", Fixture::additionOperator},
-      {"in", Fixture::converterWordIn},
-      {"vers", Fixture::converterSymbol},
-      {"to", Fixture::numberType},
-      {"as", Fixture::converterWordAs},
-      {"twelve", Fixture::numberWord},
-      {"march", Fixture::dateWordMonthOfYear},
-      {"fri", Fixture::dateWordDayOfWeek},
-      {"q2", Fixture::dateWordQuarterOfYear},
-      {"k", Fixture::prepositionWordAt},
-      {"G", Fixture::numberScalar},
-      {"g", std::nullopt},
-      {"m", std::nullopt},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Customization/FixtureTests", "LanguagesAddToTheUniversalWords")) {
     EXPECT_EQ(nameOf(list.find(c.text)), nameOf(c.want)) << c.text;
     const auto inMap = list.fixtureMap().find(c.text);
     EXPECT_EQ(nameOf(inMap == list.fixtureMap().end() ? std::nullopt : std::optional(inMap->second)), nameOf(c.want))
@@ -141,41 +127,8 @@ TEST(FixturesList, UnderstandsEnglish) {
     std::string_view text;
     Fixture want;
   };
-  constexpr Case kCases[] = {
-      {"Plus", Fixture::additionOperator},
-      {"−", Fixture::subtractionOperator},
-      {"x", Fixture::multiplicationOperator},
-      {"divided by", Fixture::divisionOperator},
-      {"per", Fixture::divisionOperator},
-      {"power of", Fixture::powerOperator},
-      {"**", Fixture::powerOperator},
-      {"less than", Fixture::reverseSubtractionOperator},
-      {"is less than or equal to", Fixture::lessThanOrEqualOperator},
-      // Not the subtraction and the addition that end these phrases.
-      {"is not less than", Fixture::greaterThanOrEqualOperator},
-      {"no more than", Fixture::lessThanOrEqualOperator},
-      {"≠", Fixture::notEqualToOperator},
-      {"into", Fixture::converterSymbol},
-      {"to", Fixture::converterWordTo},
-      {"Percent", Fixture::percentType},
-      {"per cent", Fixture::percentType},
-      {"dp", Fixture::decimalPlaceType},
-      {"decimal places", Fixture::decimalPlaceType},
-      {"HEX", Fixture::hexadecimalType},
-      {"feet and inches", Fixture::feetAndInchesType},
-      {"rounded up", Fixture::roundingUpConverter},
-      {"π", Fixture::pi},
-      {"TODAY", Fixture::dateWordToday},
-      {"a.m.", Fixture::dateWordAm},
-      {"next", Fixture::dateQualifierNext},
-      {"rd", Fixture::ordinalSuffix},
-      {"@", Fixture::prepositionWordAt},
-      {"avg", Fixture::statisticWordAverage},
-      {"twenty-one", Fixture::numberWord},
-      // October to a line, octal to a converter.
-      {"oct", Fixture::dateWordMonthOfYear},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(nameOf(english().find(c.text)), nameOf(c.want)) << c.text;
+  for (const Case& c : rowsOf<Case>("Customization/FixtureTests", "UnderstandsEnglish"))
+    EXPECT_EQ(nameOf(english().find(c.text)), nameOf(c.want)) << c.text;
   EXPECT_EQ(english().findAdditional("Oct"), Fixture::octalType);
   EXPECT_TRUE(english().beginsMultiWordFixture("divided"));
   EXPECT_TRUE(english().beginsMultiWordFixture("Divided"));
@@ -377,19 +330,7 @@ TEST(ResourceReader, DecodesFixtures) {
     bool isGood;
     std::size_t colons;
   };
-  constexpr Case kCases[] = {
-      {R"({"fixtures": {"colons": ["a", "b"]}})", true, 2},
-      {R"({"fixtures": {"coIons": ["a"], "colons": []}})", true, 0},  // an unknown key
-      {R"({"fixtures": {"unknown": 5}})", true, 0},
-      {R"({"fixtures": {"colons": "a"}})", false, 0},
-      {R"({"fixtures": {"colons": ["a", 5]}})", false, 0},
-      {R"({"fixtures": []})", false, 0},
-      {R"({})", false, 0},
-      {R"([1])", false, 0},
-      {"", false, 0},
-      {"\xFF\xFE", false, 0},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Customization/FixtureTests", "DecodesFixtures")) {
     const auto decoded = StaticResouces::localizedFixtureSetFrom(c.text);
     ASSERT_EQ(decoded.content.has_value(), c.isGood) << c.text;
     EXPECT_EQ(decoded.error.empty(), c.isGood) << c.text;

@@ -13,6 +13,7 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -46,15 +47,9 @@ TEST(FunctionKeywords, ChooseThePhrasesWhoseEveryWordStandsInTheLine) {
     std::string_view line;
     std::vector<std::string> want;
   };
-  const auto cases = std::to_array<Case>({
-      {"HALF of the 5", {"half of 10", "Half the 10", "10 : 10", "__percentage of __any_word"}},
-      {"4th root of 81", {"10th root of 10", "10 : 10", "__percentage of __any_word"}},
-      {"root of 81", {"10 : 10", "__percentage of __any_word"}},
-      {"what's 4 of 5", {"10 : 10", "__percentage of __any_word", "what's 10 of 10"}},
-      {"8的一半", {"10 : 10", "10 的一半"}},
-      {"halfway thereof", {"10 : 10"}},
-  });
-  for (const Case& c : cases) EXPECT_EQ(worthScanning(keywords, c.line), c.want) << c.line;
+  for (const Case& c :
+       rowsOf<Case>("Customization/FunctionKeywordTests", "ChooseThePhrasesWhoseEveryWordStandsInTheLine"))
+    EXPECT_EQ(worthScanning(keywords, c.line), c.want) << c.line;
 
   EngineFeatureFlags off;
   off.wordFunctions = false;

@@ -13,9 +13,12 @@
 #include "TavrineCore/Customization/Places/PlaceList.h"
 #include "TavrineCore/Customization/Places/PlaceRows.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 std::vector<std::string> lexemesOf(std::string_view text) {
   std::vector<std::string> result;
@@ -106,36 +109,9 @@ TEST(PlaceListTest, NamesAndTheirZones) {
     std::string_view text;
     std::string_view place;
   };
-  constexpr Case kCases[] = {
-      {"Paris", "Paris Europe/Paris"},
-      {"pARIS", "Paris Europe/Paris"},
-      {"New York", "New York America/New_York"},
-      {"new york city", "New York America/New_York"},
-      {"NYC", "New York America/New_York"},
-      {"San Francisco", "San Francisco America/Los_Angeles"},
-      {"san francisco de macoris", "San Francisco de Macorís America/Santo_Domingo"},
-      {"Los Angeles", "Los Angeles America/Los_Angeles"},
-      {"St. Louis", "St. Louis America/Chicago"},
-      {"São Paulo", "São Paulo America/Sao_Paulo"},
-      {"sao paulo", "São Paulo America/Sao_Paulo"},
-      {"Zürich", "Zürich Europe/Zurich"},
-      {"Portland Maine", "Portland America/New_York"},
-      {"portland", "Portland America/Los_Angeles"},
-      {"Hamilton Bermuda", "Hamilton Atlantic/Bermuda"},
-      {"United States", "United States America/New_York"},
-      {"UK", "United Kingdom Europe/London"},
-      {"Germany", "Germany Europe/Berlin"},
-      {"georgia", "Georgia America/New_York"},
-      {"Republic of Georgia", "Georgia Asia/Tbilisi"},
-      {"California", "California America/Los_Angeles"},
-      {"guinea-bissau", "Guinea-Bissau Africa/Bissau"},
-      {"Nice", "Nice Europe/Paris"},
-      {"Atlantis", "none"},
-      {"New Shoes", "none"},
-      {"", "none"},
-  };
   const PlaceList places = PlaceList::standard();
-  for (const Case& c : kCases) EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
+  for (const Case& c : rowsOf<Case>("Customization/PlaceListTests", "NamesAndTheirZones"))
+    EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
 
   const auto beginningWithNew = places.multiWordPlacesBeginningWith("New");
   ASSERT_TRUE(beginningWithNew);
@@ -213,20 +189,8 @@ TEST(PlaceListTest, CustomPlacesStandInForOthers) {
     std::string_view text;
     std::string_view place;
   };
-  constexpr Case kCases[] = {
-      {"paris", "Paris America/Chicago"},
-      {"new york", "New York Asia/Tokyo"},
-      // A longer name is still what it was.
-      {"new york city", "New York America/New_York"},
-      {"San Francisco de Macoris", "San Francisco de Macorís America/Santo_Domingo"},
-      {"OFFICE", "office Europe/Rome"},
-      {"head office", "office Europe/Rome"},
-      {"hq", "office Europe/Rome"},
-      {"old mill", "Old Mill Europe/Oslo"},
-      {"The River House", "Old Mill Europe/Oslo"},
-      {"Tokyo", "Tokyo Asia/Tokyo"},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
+  for (const Case& c : rowsOf<Case>("Customization/PlaceListTests", "CustomPlacesStandInForOthers"))
+    EXPECT_EQ(nameIn(places, c.text), c.place) << c.text;
   EXPECT_FALSE(places.isOrdinaryWord("nice"));
 
   const PlaceList alone({customPlace("home", "Asia/Tokyo"), customPlace("Home", "Asia/Seoul")});

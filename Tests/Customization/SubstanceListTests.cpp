@@ -7,9 +7,12 @@
 
 #include "TavrineCore/Customization/Units/SubstanceList.h"
 #include "TavrineCore/Imports.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 std::vector<std::string> namesBeginningWith(std::string_view word) {
   std::vector<std::string> result;
@@ -25,18 +28,7 @@ TEST(SubstanceList, FindsWholeNamesInAnyCase) {
     std::optional<std::string_view> name;
     std::string_view density = "0";
   };
-  const std::vector<Case> cases = {
-      {"Baking Powder", "baking powder", "0.97"},
-      {"WATER", "water", "1"},
-      {"half & half", "half & half", "1.02288"},
-      // Written as recipes are copied: with a no-break space.
-      {"self rising\u00a0flour", "self rising\u00a0flour", "0.51"},
-      {"parmesan cheese, , grated", "parmesan cheese, , grated", "0.422675284"},
-      {"powder", std::nullopt},
-      {"baking", std::nullopt},
-      {"", std::nullopt},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Customization/SubstanceListTests", "FindsWholeNamesInAnyCase")) {
     const auto substance = SubstanceList::runQuery(c.query);
     ASSERT_EQ(substance.has_value(), c.name.has_value()) << c.query;
     if (!substance) continue;

@@ -18,9 +18,12 @@
 #include "TavrineCore/Customization/Units/UnitSymbolReplacement.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "Tests/Customization/CustomizationTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::environmentIn;
 using enum UnitIdentifier;
@@ -41,56 +44,12 @@ class UnitListTest : public ::testing::Test {
 
 TEST_F(UnitListTest, KnowsWordsAsPeopleWriteThem) {
   const UnitList units(plain_);
-  const std::vector<std::pair<std::string_view, UnitIdentifier>> cases = {
-      {"km", kilometers},
-      {"KM", kilometers},
-      {"Kilometres", kilometers},
-      {"km/h", kilometersPerHour},
-      {"US gallon", gallons},
-      {"nautical mile", nauticalMiles},
-      {"m²", squareMeters},
-      {"m2", squareMeters},
-      {"m^2", squareMeters},
-      {"MB/s", megabytesPerSecond},
-      {"Mb/s", megabitsPerSecond},
-      // Case decides where both spellings are in use.
-      {"mb", megabytes},
-      {"MB", megabytes},
-      {"Mb", megabits},
-      {"kb", kilobits},
-      {"KB", kilobytes},
-      {"GB", gigabytes},
-      {"Gb", gigabits},
-      {"mW", milliwatts},
-      {"MW", megawatts},
-      {"mHz", millihertz},
-      {"MHz", megahertz},
-      {"nm", nanometers},
-      {"NM", nauticalMiles},
-      {"Nm", newtonMeters},
-      {"GPa", gigapascals},
-      {"uS", microsiemens},
-      // The micro sign and the Greek letter.
-      {"\u00b5m", micrometers},
-      {"\u03bcm", micrometers},
-      // Owners of what several claim.
-      {"g", grams},
-      {"G", grams},
-      {"MPG", milesPerGallon},
-      {"pt", point},
-      {"pint", pints},
-      {"gal", gallons},
-      {"C", celsius},
-      {"m", meters},
-      {"pound", pounds},
-      {"pounds", pounds},
-      {"kgs", kilograms},
-      {"w", watts},
-      {"", undefined},
-      {"kilo meters", undefined},
-      {"xyzzy", undefined},
+  struct Case {
+    std::string_view word;
+    UnitIdentifier want;
   };
-  for (const auto& [word, want] : cases) EXPECT_EQ(toString(meaningOf(units, word)), toString(want)) << word;
+  for (const auto& [word, want] : rowsOf<Case>("Customization/UnitListTests", "KnowsWordsAsPeopleWriteThem"))
+    EXPECT_EQ(toString(meaningOf(units, word)), toString(want)) << word;
 }
 
 TEST_F(UnitListTest, KnowsEveryWordOfEveryUnit) {
@@ -181,25 +140,7 @@ TEST_F(UnitListTest, FollowsTheSystemOfTheKitchen) {
     UnitIdentifier want;
   };
   using enum UnitMeasurementSystem;
-  const std::vector<Case> cases = {
-      {customaryUS, "en_GB", "gallon", gallons},
-      {imperial, "en_GB", "gallon", imperialGallons},
-      {imperial, "en_GB", "pint", imperialPints},
-      {imperial, "en_GB", "tsp", imperialTeaspoons},
-      {imperial, "en_GB", "tbsp", imperialTablespoons},
-      {imperial, "en_GB", "quarts", imperialQuarts},
-      {imperial, "en_GB", "fl oz", imperialFluidOunces},
-      {imperial, "en_GB", "mpg", milesPerImperialGallon},
-      {imperial, "en_GB", "cup", cups},
-      {imperial, "en_GB", "pt", point},
-      {metric, "en_GB", "teaspoon", metricTeaspoons},
-      {metric, "en_GB", "tablespoon", metricTablespoons},
-      {metric, "en_AU", "tablespoon", metricAUTablespoons},
-      {metric, "en_NZ", "tablespoon", metricAUTablespoons},
-      {metric, "en_GB", "cup", metricCups},
-      {metric, "en_GB", "gallon", gallons},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Customization/UnitListTests", "FollowsTheSystemOfTheKitchen")) {
     EngineCustomization customization{Locale(c.locale)};
     customization.setUnitSystem(c.system);
     EXPECT_EQ(toString(meaningOf(UnitList(customization), c.word)), toString(c.want)) << c.locale << " " << c.word;

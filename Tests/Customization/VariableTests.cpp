@@ -14,9 +14,12 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Imports.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using Type = Variable::VariableType;
 
@@ -206,8 +209,7 @@ TEST(SingleCharacterUIDGeneratorTest, ParametersAreTheCircledNumbers) {
     std::size_t index;
     std::string_view symbol;
   };
-  constexpr Case kCases[] = {{1, "①"}, {20, "⑳"}, {21, "㉑"}, {35, "㉟"}, {36, "㊱"}, {50, "㊿"}};
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Customization/VariableTests", "ParametersAreTheCircledNumbers")) {
     EXPECT_EQ(SingleCharacterUIDGenerator::parameterSymbol(c.index), c.symbol);
     EXPECT_EQ(SingleCharacterUIDGenerator::parameterIndexFor(c.symbol), c.index) << c.symbol;
   }

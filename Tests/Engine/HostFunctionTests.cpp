@@ -11,10 +11,13 @@
 #include "TavrineCore/Customization/Functions/CustomFunction.h"
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
+#include "Tests/Support/Table.h"
 #include "Tests/Support/World.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 class HostFunctionTest : public ::testing::Test {
  protected:
@@ -108,15 +111,7 @@ TEST_F(HostFunctionTest, WhatNeedsACallWaitsForIt) {
     std::string line;
     std::string_view answer;
   };
-  for (const Row& row : std::vector<Row>{
-           {"half of zorb 8", "4"},
-           {"sqrt(zorb 9)", "3"},
-           {"round(zorb 7)", "7"},
-           {"average of 5, (zorb 3)", "4"},
-           {"average of (average of (zorb 1), (zorb 3)), 4", "3"},
-           {"if zorb 7 > 3 then 1 else 2", "1"},
-           {"zorb zorb 7", "7"},
-       }) {
+  for (const Row& row : rowsOf<Row>("Engine/HostFunctionTests", "WhatNeedsACallWaitsForIt")) {
     EXPECT_TRUE(calculator.calculate(row.line).isPendingResult()) << row.line;
     EXPECT_EQ(calculator.calculateInBackground(row.line).get().stringValue, row.answer) << row.line;
     EXPECT_TRUE(failing.calculate(row.line).isFailedResult()) << row.line;

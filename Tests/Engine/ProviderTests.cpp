@@ -18,10 +18,13 @@
 #include "TavrineCore/Evaluation/EvaluationResult.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpression.h"
+#include "Tests/Support/Table.h"
 #include "Tests/Support/World.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 /// Answers each question with its own name.
 std::shared_ptr<MockWeatherDataProvider> namesOfFunctions() {
@@ -69,51 +72,7 @@ TEST_F(ProviderTest, QuestionsAboutTheWeather) {
     std::string_view place = "Paris";
     std::string_view date = "";  // in UTC
   };
-  for (const Row& row : std::vector<Row>{
-           {"temperature in Paris", "currentTemperature"},
-           {"What's the current temperature in Paris right now?", "currentTemperature", "Paris",
-            "2026-06-10T09:30:00Z"},
-           {"how hot is it in Paris?", "currentTemperature"},
-           {"Paris temp", "currentTemperature"},
-           {"high in Paris", "highTemperature"},
-           {"Paris high tomorrow", "highTemperature", "Paris", "2026-06-11T10:00:00Z"},
-           {"highest temperature today in Tokyo", "highTemperature", "Tokyo", "2026-06-10T03:00:00Z"},
-           {"low temperature in Paris", "lowTemperature"},
-           {"max temp in Paris", "highTemperature"},
-           {"will it rain in Paris on 12 June", "precipitationChance", "Paris", "2026-06-12T10:00:00Z"},
-           {"chance of rain in Paris tomorrow", "precipitationChance", "Paris", "2026-06-11T10:00:00Z"},
-           {"rainfall in Paris", "rainfallAmount"},
-           {"how much rain will there be in Paris", "rainfallAmount"},
-           {"snowfall in Paris", "snowfallAmount"},
-           {"what does it feel like in Paris", "apparentTemperature"},
-           {"feels like temperature in Paris", "apparentTemperature"},
-           {"weather in Paris", "weatherConditions"},
-           {"weather in Paris tomorrow", "weatherConditions", "Paris", "2026-06-11T10:00:00Z"},
-           {"weather tomorrow in Paris", "weatherConditions", "Paris", "2026-06-11T10:00:00Z"},
-           {"Paris weather", "weatherConditions"},
-           {"weather Paris", "weatherConditions"},
-           {"New York weather", "weatherConditions", "New York"},
-           {"weather at JFK", "weatherConditions", "John F Kennedy International Airport"},
-           {"weather in Paris at 3pm", "weatherConditions", "Paris", "2026-06-10T13:00:00Z"},
-           {"weather in Paris at 3pm UTC", "weatherConditions", "Paris", "2026-06-10T15:00:00Z"},
-           {"humidity in Paris", "humidity"},
-           {"cloud cover in Paris", "cloudCover"},
-           {"visibility in Paris", "visibility"},
-           {"wind direction in Paris", "windDirection"},
-           {"wind speed in Paris", "windSpeed"},
-           {"how windy is it in Paris", "windSpeed"},
-           {"dew point in Paris", "dewPoint"},
-           {"uv index in Paris", "uvIndex"},
-           {"pressure in Paris", "pressure"},
-           {"barometric pressure trend in Paris", "pressureDirection"},
-           {"is the pressure rising in Paris", "pressureDirection"},
-           {"sunrise in Paris", "sunrise"},
-           {"Sunset tomorrow in Paris", "sunset", "Paris", "2026-06-11T10:00:00Z"},
-           {"what time is sunset in Paris?", "sunset"},
-           {"moonrise in Paris", "moonrise"},
-           {"moonset for Paris on Friday", "moonset", "Paris", "2026-06-12T10:00:00Z"},
-           {"phase of the moon in Paris", "moonPhase"},
-       }) {
+  for (const Row& row : rowsOf<Row>("Engine/ProviderTests", "QuestionsAboutTheWeather")) {
     EXPECT_TRUE(isPending(row.line)) << row.line;
     const std::size_t before = weather->requests().size();
     EXPECT_EQ(later(row.line).stringValue, row.function) << row.line;
@@ -165,14 +124,7 @@ TEST_F(ProviderTest, PlacesThatOnlyTheHostKnows) {
     std::string_view line;
     std::string_view answer;
   };
-  for (const Row& row : std::vector<Row>{
-           {"where is Little Town", "0°, 90°"},
-           {"longitude of little town", "90"},
-           {"latitude of Little Town", "0"},
-           {"coordinates of Little Town?", "0°, 90°"},
-           {"coordinates of Fog", ""},
-           {"coordinates of Elsewhere", ""},
-       }) {
+  for (const Row& row : rowsOf<Row>("Engine/ProviderTests", "PlacesThatOnlyTheHostKnows")) {
     EXPECT_TRUE(isPending(row.line)) << row.line;
     EXPECT_EQ(later(row.line).stringValue, row.answer) << row.line;
   }

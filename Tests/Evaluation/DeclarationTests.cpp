@@ -17,6 +17,7 @@
 #include "TavrineCore/Parsing/Tokens/FunctionMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -63,27 +64,11 @@ std::string declaredBy(const Token& declaration) {
 }
 
 TEST(DeclarationTests, Conditionals) {
-  constexpr struct {
+  struct Row {
     std::string_view line;
     std::string_view want;
-  } kCases[] = {
-      {"if 2 > 1 then 5 else 6", "5"},
-      {"if 2 < 1 then 5 else 6", "6"},
-      {"if 2 > 1 then 5 + 1", "6"},
-      {"if 2 < 1 then 5", "boolean false"},
-      {"if 2 > 1 else 6", "boolean true"},
-      {"if 2 < 1 else 6", "6"},
-      {"unless 2 > 1 then 5 else 6", "5"},
-      {"unless 2 > 1 else 6", "6"},
-      {"unless 2 > 1", "boolean false"},
-      {"unless 2 < 1 then 5 else 6", "boolean true"},
-      // Not a condition.
-      {"if 2 then 5 else 6", "none"},
-      {"then 5 else 6", "none"},
-      // The rewriting reaches into the clauses.
-      {"if 2 > 1 then (1 + 2)(3)", "9"},
   };
-  for (const auto& c : kCases) {
+  for (const auto& c : rowsOf<Row>("Evaluation/DeclarationTests", "Conditionals")) {
     const TokenList line(std::vector<Token>{conditionalOf(c.line)});
     EXPECT_EQ(describeResult(TokenListEvaluator(EngineCustomization::basic()).evaluate(line)), c.want) << c.line;
   }

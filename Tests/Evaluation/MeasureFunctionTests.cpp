@@ -20,6 +20,7 @@
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
 #include "Tests/Evaluation/UnitTokens.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -74,36 +75,8 @@ std::string answerOf(const Row& row) {
 }
 
 TEST(MeasureFunctions, FindTheirArguments) {
-  const Row rows[] = {
-      {unitConversion, {"5 miles", "unit kilometers"}, "8.04672 kilometers"},
-      {unitConversion, {"unit kilometers", "5 miles"}, "none"},
-      {unitConversion, {"5 miles"}, "none"},
-      {unitInUnitExpression, {"unit kilometers", "5 miles"}, "8.04672 kilometers"},
-      {unitInUnitExpression, {"unit kilograms", "5 miles"}, "error UnitMismatch"},
-      {unitInUnitExpression, {"unit hours", "3 days", "2 hours"}, "74 hours"},
-      // Honey has 1.432869213 g in each cm³, whatever the order of the words.
-      {substanceWeightToVolumeConversion, {"1 kilograms", "of honey", "unit liters"}, "0.6979 liters"},
-      {substanceWeightToVolumeConversion, {"unit grams", "1 liters", "of honey"}, "1432.869213 grams"},
-      {substanceWeightToVolumeConversion, {"unit grams", "unit liters", "of honey"}, "1432.869213 grams"},
-      {substanceWeightToVolumeConversion, {"unit liters", "of honey", "unit grams"}, "1432.869213 grams"},
-      {substanceWeightToVolumeConversion, {"1 kilograms", "of honey", "unit grams"}, "1000 grams"},
-      {substanceWeightToVolumeConversion, {"1 kilograms", "of honey", "unit miles"}, "none"},
-      {substanceWeightToVolumeConversion, {"1 miles", "of honey", "unit grams"}, "none"},
-      {densityOfSubstance, {"of honey"}, "1.432869 grams / cubicCentimeters"},
-      {densityOfSubstance, {"5"}, "none"},
-      {screenDensity, {"1920x1080", "24 inches"}, "91.787799 ppi"},
-      {screenDensity, {"60.96 centimeters", "1920x1080"}, "91.787799 ppi"},
-      {screenDensity, {"0x1080", "24 inches"}, "none"},
-      {screenDensity, {"1920x1080", "24 grams"}, "none"},
-      {pixelsInLengthAtPPI, {"3 centimeters", "300 ppi"}, "354.330709 pixel"},
-      {pixelsInLengthAtPPI, {"3 grams", "300 ppi"}, "none"},
-      // A flank of 112.75 mm twice and a rim of 16 in: a turn is 78.156394 in.
-      {tyreSpeed, {"205", "55", "\"R16", "800 revolutionsPerMinute"}, "59.209389 milesPerHour"},
-      {tyreSpeed, {"205", "55", "\"R16", "800 grams"}, "none"},
-      {tyreSpeed, {"205", "\"R16", "800 revolutionsPerMinute"}, "none"},
-      {powerAtRotation, {"100 kilowatts", "3000 revolutionsPerMinute"}, "318.309886 newtonMeters"},
-  };
-  for (const Row& row : rows) EXPECT_EQ(answerOf(row), row.want) << toString(row.identifier) << ' ' << row.arguments[0];
+  for (const Row& row : rowsOf<Row>("Evaluation/MeasureFunctionTests", "FindTheirArguments"))
+    EXPECT_EQ(answerOf(row), row.want) << toString(row.identifier) << ' ' << row.arguments[0];
 }
 
 TEST(MeasureFunctions, TellTyreSpeedsAsTheRoadSignsDo) {
@@ -127,24 +100,8 @@ TEST(MeasureFunctions, DeclareUnitsByTheirWord) {
 }
 
 TEST(LiteralFunctions, CountCharactersAsPeopleDo) {
-  const Row rows[] = {
-      {countOfLiteral, {"\"hello"}, "5"},
-      {countOfLiteral, {"\"👨‍👩‍👧é"}, "2"},
-      {countOfLiteral, {"\""}, "0"},
-      {countOfLiteral, {"5"}, "none"},
-      {extractLiteralPrefix, {"3", "\"hello"}, "\"hel"},
-      {extractLiteralPrefix, {"\"hello", "2.5"}, "\"hel"},
-      {extractLiteralPrefix, {"1", "\"👨‍👩‍👧é"}, "\"👨‍👩‍👧"},
-      {extractLiteralPrefix, {"9", "\"hello"}, "\"hello"},
-      {extractLiteralPrefix, {"-1", "\"hello"}, "\""},
-      {extractLiteralPrefix, {"\"hello"}, "none"},
-      {extractLiteralSuffix, {"2", "\"hello"}, "\"lo"},
-      {extractLiteralSuffix, {"1000000000000000000000000000000", "\"hello"}, "\"hello"},
-      {extractLiteralSuffix, {"2"}, "none"},
-      {parseLiteral, {"\"2 * 3"}, "6"},
-      {parseLiteral, {"\"words alone"}, "none"},
-  };
-  for (const Row& row : rows) EXPECT_EQ(answerOf(row), row.want) << toString(row.identifier) << ' ' << row.arguments[0];
+  for (const Row& row : rowsOf<Row>("Evaluation/MeasureFunctionTests", "CountCharactersAsPeopleDo"))
+    EXPECT_EQ(answerOf(row), row.want) << toString(row.identifier) << ' ' << row.arguments[0];
 }
 
 /// "01:00:10:05 @25".

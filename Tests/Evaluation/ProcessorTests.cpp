@@ -6,6 +6,7 @@
 #include "TavrineCore/Evaluation/Processors/Preprocessors.h"
 #include "TavrineCore/Evaluation/TokenListEvaluator.h"
 #include "TavrineCore/Parsing/Tokens/TokenFactory.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -16,75 +17,13 @@ struct Case {
 };
 
 TEST(ProcessorTests, Answers) {
-  constexpr Case kCases[] = {
-      // A leading minus gives way to a power.
-      {"-2^2", "-4"},
-      {"(-2)^2", "4"},
-      {"2^-1", "0.5"},
-      {"2 ^ -(1)", "0.5"},
-      {"2 ^ 3 ^ 2", "64"},
-      {"2 ^ 3 ^ 2 * 2", "128"},
-      {"-2 ^ 3 ^ 2", "-64"},
-      {"(2) ^ 3 ^ 2", "64"},
-      {"2 ^ - 1 ^ 2", "0.25"},
-      {"2 ^ 3 ^ -(1)", "0.125"},
-      // Signs in a row, and signs behind operators.
-      {"5 + - + 3", "2"},
-      {"5 - - - - 3", "8"},
-      {"3 -2", "1"},
-      {"3 * -2", "-6"},
-      {"3 * - - 2", "6"},
-      {"3 * -2 ^ 2", "-12"},
-      {"6 / -2", "-3"},
-      {"6 / -(2)", "-3"},
-      {"12 / -2 ^ 2", "-3"},
-      {"5 mod -3", "-1"},
-      {"5k * -1", "-5000"},
-      {"-5k + 1", "-4999"},
-      // Factors without a sign.
-      {"(1+2)(3+4)", "21"},
-      {"2(3)", "6"},
-      {"(3)4", "12"},
-      {"2 (3) (4)", "24"},
-      {"2 pi / pi", "2"},
-      {"pi 2 / pi", "2"},
-      {"10% (50)", "5"},
-      // Mixed numbers and fractions.
-      {"3 1/2", "3.5"},
-      {"2 * 3 1/2", "7"},
-      {"10 - 3 1/2", "6.5"},
-      {"1/2/2", "0.25"},
-      {"3/4 / (100%)", "percentage 0.75"},
-      {"(5)%", "percentage 0.05"},
-      {"(2 + 3) %", "percentage 0.05"},
-      // A stroke with nothing before it, and one behind what can't be divided.
-      {"/ 5", "error SilentError"},
-      {"( / 5", "error BadDivision"},
-      {"5 / 2", "2.5"},
-      {"3 from", "3"},
-      // One answer out of several.
-      {"5", "5"},
-      {"5 and later", "5"},
-      {"5 6 7", "7"},
-      {"", "none"},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(describeResult(evaluated(c.line)), c.want) << c.line;
+  for (const Case& c : rowsOf<Case>("Evaluation/ProcessorTests", "Answers"))
+    EXPECT_EQ(describeResult(evaluated(c.line)), c.want) << c.line;
 }
 
 TEST(ProcessorTests, Rewritings) {
-  constexpr Case kCases[] = {
-      {"1 + 2", "1 + 2"},
-      {"3 * -2", "3 * -1 * 2"},
-      {"2 ^ 3 ^ 2 + 1", "(2 ^ 3 ^ 2) + 1"},
-      {"√9", "(none (9))"},
-      {"2√9", "2 * (none (9))"},
-      {"√(9 + 16)(2)", "(none (9 + 16)) * (2)"},
-      {"√ word", "√ none"},
-      {"-5", "- 5"},
-      {"2 ^ -3", "(2 ^ -3)"},
-      {"7 - -20%", "7 + percentage 0.2"},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(rewritten(c.line), c.want) << c.line;
+  for (const Case& c : rowsOf<Case>("Evaluation/ProcessorTests", "Rewritings"))
+    EXPECT_EQ(rewritten(c.line), c.want) << c.line;
 }
 
 // A line that needs no rewriting is evaluated as it was parsed, without a copy; one that does is left alone too.

@@ -16,6 +16,7 @@
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 #include "Tests/Evaluation/EvaluationTestSupport.h"
 #include "Tests/Evaluation/UnitTokens.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -57,46 +58,12 @@ struct Case {
 };
 
 TEST(TraditionalFunctions, OfNumbers) {
-  const auto cases = std::to_array<Case>({
-      {"sqrt", "16", "4"},
-      {"Sqrt", "16", "4"},
-      {"sqrt", "0", "0"},
-      {"sqrt", "-0.0001", "error ImaginaryNumber"},
-      {"cbrt", "-27", "-3"},
-      {"log", "0", "error Infinity"},
-      {"ln", "-2", "error Infinity"},
-      {"log2", "0", "error Infinity"},
-      {"log10", "1", "0"},
-      {"fact", "5", "120"},
-      {"unitstrip", "2.50", "2.5"},
-      // Floating point ends at 15 places for these, so that sin(π) is 0 and not 1.2e-16.
-      {"sin", "3.14159265358979323846264338327950288", "0"},
-      {"cos", "3.14159265358979323846264338327950288", "-1"},
-      {"sind", "90", "1"},
-      {"cosd", "180", "-1"},
-      {"asin", "2", "error Other"},
-      {"assert", "5", "error Other"},
-      {"nameless", "5", "none"},
-      {"boxM", "12", "12000000"},
-      {"boxm", "12", "none"},
-  });
-  for (const Case& c : cases) EXPECT_EQ(applied(c.function, c.argument), c.want) << c.function << ' ' << c.argument;
+  for (const Case& c : rowsOf<Case>("Evaluation/TraditionalFunctionTests", "OfNumbers"))
+    EXPECT_EQ(applied(c.function, c.argument), c.want) << c.function << ' ' << c.argument;
 }
 
 TEST(TraditionalFunctions, OfQuantities) {
-  const auto cases = std::to_array<Case>({
-      {"sqrt", "9 squareMeters", "3 meters"},
-      {"sqrt", "4 squareKilometers", "2 kilometers"},
-      {"cbrt", "27 cubicMeters", "3 meters"},
-      {"sqrt", "4 kilograms", "error UnsupportedUnitMultiplication"},
-      {"cbrt", "8 squareMeters", "error UnsupportedUnitMultiplication"},
-      {"sqrt", "-4 squareMeters", "error ImaginaryNumber"},
-      {"round", "5.5 kilometers", "6 kilometers"},
-      {"ceil", "5.2 kilometers / hours", "6 kilometers / hours"},
-      {"sin", "90 degrees", "1"},
-      {"arcsin", "1", "1.5707963267948966 radians"},
-  });
-  for (const Case& row : cases) {
+  for (const Case& row : rowsOf<Case>("Evaluation/TraditionalFunctionTests", "OfQuantities")) {
     const Token call(
         TokenType::functionExpression, TokenSubType::notSpecified, "", NSRange::zero,
         TokenList::frozen(std::vector<Token>{Token(TokenType::functionName, std::string(row.function), NSRange::zero),

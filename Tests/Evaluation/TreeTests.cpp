@@ -5,6 +5,7 @@
 
 #include "EvaluationTestSupport.h"
 #include "TavrineCore/Evaluation/EvaluationNode.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -15,33 +16,7 @@ struct Case {
 };
 
 TEST(TreeTests, NestsByPrecedence) {
-  constexpr Case kCases[] = {
-      {"1 + 2 * 3", "(1 + (2 * 3))"},
-      {"2 * 3 + 4", "((2 * 3) + 4)"},
-      {"1 < 2 + 3", "(1 < (2 + 3))"},
-      {"1 and 2 == 3", "(1 and (2 == 3))"},
-      {"1 + 2 * 3 * 4", "(1 + ((2 * 3) * 4))"},
-      {"1 + 2 * 3 - 4", "((1 + (2 * 3)) - 4)"},
-      {"2 ^ 3 ^ 2", "((2 ^ 3) ^ 2)"},
-      // Four levels and more in a row.
-      {"1 < 2 + 3 * 4 ^ 5", "(1 < (2 + (3 * (4 ^ 5))))"},
-      {"1 < 2 + 3 * 4 ^ 5 ^ 6 * 7 + 8", "(1 < ((2 + ((3 * ((4 ^ 5) ^ 6)) * 7)) + 8))"},
-      {"1 or 2 < 3 & 4 + 5 * 6 ^ 7", "(1 or (2 < (3 & (4 + (5 * (6 ^ 7))))))"},
-      // A converter takes whatever stands before it, and a later operator takes the converted value.
-      {"3 + 4 inhex", "((3 + 4) inhex)"},
-      {"3 * 4 inhex + 5", "(((3 * 4) inhex) + 5)"},
-      // Words between are stepped over; an equals sign and a lone bracket are not.
-      {"1 + some 2", "(1 + 2)"},
-      {"1 = + 2", "(+ 2)"},
-      // The last connected expression counts.
-      {"1 + 2 later 3 * 4", "(3 * 4)"},
-      // Signs before signs.
-      {"3 - - 2", "(3 + 2)"},
-      {"3 + - 2", "(3 - 2)"},
-      {"3 - - - 2", "(3 - 2)"},
-      {"- 5", "(- 5)"},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Evaluation/TreeTests", "NestsByPrecedence")) {
     const TokenList list = tokensOf(c.line);
     const auto tree = EvaluationTree::headNode(list);
     ASSERT_TRUE(tree) << c.line;
@@ -50,30 +25,8 @@ TEST(TreeTests, NestsByPrecedence) {
 }
 
 TEST(TreeTests, EvaluatesAsItStands) {
-  constexpr Case kCases[] = {
-      {"1 + 2", "3"},
-      {"1 < 2 + 3 * 4 ^ 5", "boolean true"},
-      {"2 + 3 * 4 ^ 2 - 1", "49"},
-      {"(1 + 2) * (3 + 4)", "21"},
-      {"- 5", "-5"},
-      {"5 +", "5"},
-      {"+", "error SilentError"},
-      {"- - 5", "5"},
-      {"not 0", "boolean true"},
-      {"not 3", "boolean false"},
-      {"not true", "boolean false"},
-      {"~ 0b101", "binary 18446744073709551610"},
-      {"~ 5", "none"},
-      // A conversion that doesn't apply leaves its operand.
-      {"true indate", "boolean true"},
-      {"5", "5"},
-      {"5 6", "none"},
-      {"(5)", "5"},
-      {"5 oops 6", "error UnitMismatch"},
-      {"", "none"},
-      {"just words", "none"},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(describeResult(evaluatedAsItStands(c.line)), c.want) << c.line;
+  for (const Case& c : rowsOf<Case>("Evaluation/TreeTests", "EvaluatesAsItStands"))
+    EXPECT_EQ(describeResult(evaluatedAsItStands(c.line)), c.want) << c.line;
 }
 
 std::string repeated(std::string_view part, int times, std::string_view end) {

@@ -15,6 +15,7 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 #include "Tests/Evaluation/UnitTokens.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -44,20 +45,7 @@ std::string converted(const Token& operand, const Token& converter) {
 }
 
 TEST(UnitConverterTests, IntoUnits) {
-  const auto cases = std::to_array<Case>({
-      {"100 celsius", "fahrenheit", "212 fahrenheit"},
-      {"5 feet", "feet", "5 feet"},
-      {"180 centimeters", "meters", "1.8 meters"},
-      {"1 newtonMeters", "joules", "1 joules"},
-      {"5", "kilometers", "5 kilometers"},
-      {"5%", "kilometers", "unchanged"},
-      {"5 kilometers", "kilograms", "error UnitMismatch"},
-      {"2 seconds", "hertz", "0.5 hertz"},
-      {"A4", "hertz", "440 hertz"},
-      {"A4", "kilohertz", "0.44 kilohertz"},
-      {"A4", "meters", "error UnitMismatch"},
-  });
-  for (const Case& row : cases) {
+  for (const Case& row : rowsOf<Case>("Evaluation/UnitConverterTests", "IntoUnits")) {
     EXPECT_EQ(converted(valueToken(row.operand), converterToUnit(row.target)), row.want)
         << row.operand << " in " << row.target;
   }
@@ -85,19 +73,8 @@ TEST(UnitConverterTests, TimesAndAnglesIntoUnits) {
 }
 
 TEST(UnitConverterTests, AtASpecifiedRate) {
-  const auto cases = std::to_array<std::array<std::string_view, 4>>({
-      {"10 currencyUSD", "currencyEUR", "0.9", "9 currencyEUR"},
-      {"10 currencyUSD", "currencyEUR", "0.9 currencyEUR", "9 currencyEUR"},
-      {"10 currencyUSD", "currencyEUR", "1.25 currencyUSD", "8 currencyEUR"},
-      {"10 currencyUSD", "currencyEUR", "0.9 currencyEUR / currencyUSD", "9 currencyEUR"},
-      {"10 currencyUSD", "currencyEUR", "1.25 currencyUSD / currencyEUR", "8 currencyEUR"},
-      {"10 currencyUSD", "currencyEUR", "0 currencyUSD", "error UnsupportedRate"},
-      {"10 currencyUSD", "currencyEUR", "2 kilometers", "error UnsupportedRate"},
-      {"10 currencyUSD", "currencyEUR", "2 kilometers / hours", "error UnsupportedRate"},
-      {"10 currencyUSD", "kilometers", "0.9", "error UnitMismatch"},
-      {"5 weekdays", "weeks", "0.5", "2.5 weeks"},
-  });
-  for (const auto& [operand, target, rate, want] : cases) {
+  for (const auto& [operand, target, rate, want] :
+       rowsOf<std::array<std::string_view, 4>>("Evaluation/UnitConverterTests", "AtASpecifiedRate")) {
     const Token converter = converterTo(TokenSubType::unitConverterWithExplicitRate,
                                         {TokenFactory::unitWith(unitWithName(target)), valueToken(rate)});
     EXPECT_EQ(converted(valueToken(operand), converter), want) << operand << " in " << target << " at " << rate;
@@ -105,47 +82,21 @@ TEST(UnitConverterTests, AtASpecifiedRate) {
 }
 
 TEST(UnitConverterTests, IntoAQuantity) {
-  const auto cases = std::to_array<Case>({
-      {"5", "2 kilometers", "5 kilometers"},
-      {"5 kilometers", "2 kilometers", "5 kilometers"},
-      {"1 kilometers", "200 meters", "5 meters"},
-      {"1 kilometers", "5 kilograms", "error UnitMismatch"},
-  });
-  for (const Case& row : cases) {
+  for (const Case& row : rowsOf<Case>("Evaluation/UnitConverterTests", "IntoAQuantity")) {
     const Token converter = converterTo(TokenSubType::unitExpressionConverter, {valueToken(row.target)});
     EXPECT_EQ(converted(valueToken(row.operand), converter), row.want) << row.operand << " in " << row.target;
   }
 }
 
 TEST(UnitConverterTests, RatesIntoUnits) {
-  const auto cases = std::to_array<Case>({
-      {"60 kilometers / hours", "metersPerSecond", "16.666666666666666666666666666666666667 metersPerSecond"},
-      {"60 kilometers / hours", "minutes", "1 kilometers / minutes"},
-      {"60 kilometers / hours", "meters", "60000 meters / hours"},
-      {"5 / days", "weeks", "35 / weeks"},
-      {"5 / days", "kilometers", "5 kilometers / days"},
-      {"10 / seconds", "hertz", "10 hertz"},
-      {"12% / years", "months", "1% / months"},
-      {"12% / years", "meters", "error UnitMismatch"},
-      {"5 kilometers / days", "kilograms", "error UnitMismatch"},
-  });
-  for (const Case& row : cases) {
+  for (const Case& row : rowsOf<Case>("Evaluation/UnitConverterTests", "RatesIntoUnits")) {
     EXPECT_EQ(converted(valueToken(row.operand), converterToUnit(row.target)), row.want)
         << row.operand << " in " << row.target;
   }
 }
 
 TEST(UnitConverterTests, IntoRates) {
-  const auto cases = std::to_array<Case>({
-      {"10 metersPerSecond", "1 kilometers / hours", "36 kilometers / hours"},
-      {"60 kilometers / hours", "1 meters / minutes", "1000 meters / minutes"},
-      {"60 kilometers / hours", "60 kilometers / hours", "60 kilometers / hours"},
-      {"12% / years", "1% / months", "1% / months"},
-      {"5 / days", "1 / weeks", "35 / weeks"},
-      {"5 kilometers", "1 kilometers / hours", "error UnitMismatch"},
-      {"60 kilometers / hours", "1 kilograms / hours", "error UnitMismatch"},
-  });
-  for (const Case& row : cases) {
+  for (const Case& row : rowsOf<Case>("Evaluation/UnitConverterTests", "IntoRates")) {
     EXPECT_EQ(converted(valueToken(row.operand), converterTo(TokenSubType::rateConverter, {valueToken(row.target)})),
               row.want)
         << row.operand << " in " << row.target;
@@ -163,15 +114,9 @@ TEST(UnitConverterTests, IntoRates) {
 }
 
 TEST(UnitConverterTests, RatesComeToSomethingSimplerWhereTheyCan) {
-  const auto cases = std::to_array<std::array<std::string_view, 2>>({
-      {"500 meters / kilometers", "0.5"},
-      {"5 kilometers / hours", "5 kilometers / hours"},
-      {"5 / hertz", "5 seconds (compound)"},
-      {"5 / kilohertz", "0.005 seconds (compound)"},
-      {"5 / days", "5 / days"},
-      {"5% / years", "5% / years"},
-  });
-  for (const auto& [rate, want] : cases) EXPECT_EQ(describeValue(valueToken(rate).evaluated()), want) << rate;
+  for (const auto& [rate, want] : rowsOf<std::array<std::string_view, 2>>("Evaluation/UnitConverterTests",
+                                                                          "RatesComeToSomethingSimplerWhereTheyCan"))
+    EXPECT_EQ(describeValue(valueToken(rate).evaluated()), want) << rate;
 }
 
 TEST(UnitConverterTests, TextIsReadAsALine) {
@@ -180,31 +125,12 @@ TEST(UnitConverterTests, TextIsReadAsALine) {
 }
 
 TEST(UnitConverterTests, IntoForms) {
-  struct {
+  struct Row {
     std::string_view operand;
     TokenSubType form;
     std::string_view want;
-  } const rows[] = {
-      {"24 inches", TokenSubType::feetAndInchesConverter, "2 feet (compound)"},
-      {"24 inches", TokenSubType::poundsAndOuncesConverter, "none"},
-      {"8 ounces", TokenSubType::poundsAndOuncesConverter, "0.5 pounds (compound)"},
-      {"440 hertz", TokenSubType::midiConverter, "69"},
-      {"A4", TokenSubType::midiConverter, "69"},
-      {"5 hertz", TokenSubType::midiConverter, "none"},
-      {"5 kilometers", TokenSubType::midiConverter, "none"},
-      {"440 hertz", TokenSubType::pitchConverter, "A4"},
-      {"69", TokenSubType::pitchConverter, "A4"},
-      {"20", TokenSubType::pitchConverter, "none"},
-      {"128", TokenSubType::pitchConverter, "none"},
-      {"48.5", TokenSubType::dmsConverter, "48° 30′ 0″"},
-      {"48.5 degrees", TokenSubType::dmsConverter, "48° 30′ 0″"},
-      {"0.5 revolutions", TokenSubType::dmsConverter, "180° 0′ 0″"},
-      {"5 kilometers", TokenSubType::dmsConverter, "none"},
-      {"3.7 kilometers", TokenSubType::roundingConverter, "4 kilometers"},
-      {"3.2 kilometers / hours", TokenSubType::roundingUpConverter, "4 kilometers / hours"},
-      {"3.2 kilometers", TokenSubType::numberConverter, "3.2"},
   };
-  for (const auto& row : rows) {
+  for (const auto& row : rowsOf<Row>("Evaluation/UnitConverterTests", "IntoForms")) {
     EXPECT_EQ(converted(valueToken(row.operand), TokenFactory::converterWith(row.form)), row.want)
         << row.operand << " in " << toString(row.form);
   }

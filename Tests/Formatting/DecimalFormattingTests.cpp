@@ -12,9 +12,12 @@
 #include "TavrineCore/ResultFormatting/DecimalResultFormatter.h"
 #include "TavrineCore/ResultFormatting/ResultFormatter.h"
 #include "Tests/Formatting/FormattingTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::contextFor;
 using testing::number;
@@ -112,23 +115,8 @@ TEST(DecimalFormatting, Abbreviates) {
     std::string_view locale, value, want;
     Settings settings = {};
   };
-  const Case cases[] = {
-      {"en_US", "100000", "100k"},
-      {"en_US", "999999", "999.999k"},
-      {"en_US", "1000000", "1M"},
-      {"en_US", "1500000", "1.5M"},
-      {"en_US", "-1500000", "-1.5M"},
-      {"de_DE", "1500000", "1,5M"},
-      {"en_US", "2500000000", "2.5G"},
-      {"en_US", "100000000000000", "100T"},
-      {"en_US", "1234567", "1.23M", {.dp = 2}},
-      {"en_US", "1500", "1.5k", {.threshold = SIThreshold::thousand}},
-      // An abbreviation isn't padded.
-      {"en_US", "1500000", "1.5M", {.minimum = 3}},
-      // The letter is chosen before rounding.
-      {"en_US", "999999", "1,000k", {.dp = 0}},
-  };
-  for (const Case& c : cases) EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
+  for (const Case& c : rowsOf<Case>("Formatting/DecimalFormattingTests", "Abbreviates"))
+    EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
 }
 
 TEST(DecimalFormatting, WritesLargeAndSmallNumbersScientifically) {
@@ -136,16 +124,8 @@ TEST(DecimalFormatting, WritesLargeAndSmallNumbersScientifically) {
     std::string_view locale, value, want;
     Settings settings = {};
   };
-  const Case cases[] = {
-      {"en_US", "1000000000000000", "1E15"},
-      {"en_US", "0.0000009", "9E-7"},
-      {"en_US", "-123450000000000000000", "-1.2345E20"},
-      {"de_DE", "123450000000000000000", "1,2345E20"},
-      {"en_US", "123456789012345678", "1.23E17", {.dp = 2}},
-      {"en_US", "123456789012345678", "1.2345678901E17"},
-      {"en_US", "2e34", "2E34", {.abbreviates = false}},
-  };
-  for (const Case& c : cases) EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
+  for (const Case& c : rowsOf<Case>("Formatting/DecimalFormattingTests", "WritesLargeAndSmallNumbersScientifically"))
+    EXPECT_EQ(shown(c.value, c.settings, c.locale), c.want) << c.locale << ' ' << c.value;
 
   // What was asked for in this notation is shown in it, whatever its size and
   // the preferences.

@@ -15,9 +15,12 @@
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
 #include "TavrineCore/ResultFormatting/ModernResultFactory.h"
 #include "Tests/Formatting/FormattingTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::contextFor;
 using testing::number;
@@ -109,17 +112,7 @@ TEST(DurationFormatters, StopwatchReadings) {
     std::string_view want;
     std::string_view locale = "en_US";
   };
-  constexpr LaptimeCase cases[] = {
-      {1, 20, "35.5", "01:20:35.5"},
-      {std::nullopt, 5, "7.5", "00:05:07.5"},
-      {std::nullopt, 5, "7.5", "00:05:07,5", "de_DE"},
-      {3, 4, std::nullopt, "03:04"},
-      {123, 0, "0", "123:00:00"},
-      {std::nullopt, 0, "10", "00:00:10"},
-      {-1, -2, "-3", "-01:02:03"},
-      {std::nullopt, 0, "-3.5", "-00:00:03.5"},
-  };
-  for (const LaptimeCase& c : cases) {
+  for (const LaptimeCase& c : rowsOf<LaptimeCase>("Formatting/DurationFormattersTests", "StopwatchReadings")) {
     Laptime laptime{c.hour, c.minute, std::nullopt};
     if (c.seconds) laptime.seconds = number(*c.seconds);
     EXPECT_EQ(shown(EvaluationResult::laptime(laptime), c.locale), c.want);

@@ -9,6 +9,7 @@
 #include "Foundation/Locale.h"
 #include "Foundation/TimeZone.h"
 #include "TavrineCore/ResultFormatting/ResultFormatterContext.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 
@@ -31,11 +32,22 @@ struct Settings {
   }
 };
 
+/// "dp=2; groups=false", or "-".
+inline void readCell(std::string_view text, Settings& settings) {
+  eachMember(text, [&settings](std::string_view name, const Cell& value) {
+    if (name == "dp") settings.dp = value;
+    if (name == "minimum") settings.minimum = value;
+    if (name == "groups") settings.groups = value;
+    if (name == "abbreviates") settings.abbreviates = value;
+    if (name == "threshold") settings.threshold = value;
+  });
+}
+
 inline Decimal number(std::string_view text) { return Decimal::parse(text).value_or(Decimal::nan()); }
 
 inline ResultFormatterContext contextFor(std::string_view locale, const FormattingPreferences& preferences = {}) {
-  return {nullptr, nullptr, Calendar(Calendar::Identifier::gregorian, Locale(locale), TimeZone::gmt()), Locale(locale),
-          preferences, CurrencySymbolSettings::automatic()};
+  return {nullptr,        nullptr,     Calendar(Calendar::Identifier::gregorian, Locale(locale), TimeZone::gmt()),
+          Locale(locale), preferences, CurrencySymbolSettings::automatic()};
 }
 
 }  // namespace tavrine::testing

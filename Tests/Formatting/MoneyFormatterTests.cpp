@@ -17,9 +17,12 @@
 #include "TavrineCore/ResultFormatting/CurrencyUnitResultFormatter.h"
 #include "TavrineCore/ResultFormatting/ModernResultFactory.h"
 #include "Tests/Formatting/FormattingTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::contextFor;
 using testing::number;
@@ -54,74 +57,31 @@ struct MoneySettings {
   }
 };
 
+void readCell(std::string_view text, MoneySettings& settings) {
+  testing::eachMember(text, [&settings](std::string_view name, const testing::Cell& value) {
+    if (name == "dp") settings.dp = value;
+    if (name == "minimum") settings.minimum = value;
+    if (name == "symbols") settings.symbols = value;
+    if (name == "rounds") settings.rounds = value;
+    if (name == "zeros") settings.zeros = value;
+    if (name == "abbreviates") settings.abbreviates = value;
+  });
+}
+
 struct MoneyCase {
   std::string_view locale, value, code, want;
   MoneySettings settings = {};
 };
 
 TEST(MoneyFormatter, DecimalsOfACurrency) {
-  constexpr MoneyCase cases[] = {
-      {"en_US", "12", "USD", "$12.00"},
-      {"en_US", "1234.5", "USD", "$1,234.50"},
-      {"en_US", "12.345", "USD", "$12.35"},
-      {"en_US", "-5", "USD", "-$5.00"},
-      {"en_US", "500", "JPY", "¥500"},
-      {"en_US", "500.4", "JPY", "¥500"},
-      {"en_GB", "12.3", "GBP", "£12.30"},
-      {"de_DE", "1234.5", "EUR", "€1.234,50"},
-      {"fr_FR", "1234.5", "EUR", "€1\u202f234,50"},
-      {"es_ES", "-1234.5", "EUR", "-€1.234,50"},
-      {"en_US", "1.5", "BHD", "1.500 BHD"},
-      {"en_US", "1500", "UGX", "1,500 UGX"},
-      {"en_US", "0.123456789", "ETH", "0.123456789 ETH"},
-      {"en_US", "1.5", "ETH", "1.5 ETH"},
-      // Less than a cent is shown whole; less than nothing isn't.
-      {"en_US", "0.001", "USD", "$0.001"},
-      {"en_US", "-0.001", "USD", "-$0.00"},
-      {"en_US", "0", "USD", "$0"},
-      {"en_US", "0.00000001", "USD", "$1E-8"},
-      {"en_US", "0.0014", "USD", "$0.001", {.dp = 3}},
-      // Large sums.
-      {"en_US", "99999.99", "USD", "$99,999.99"},
-      {"en_US", "100000", "USD", "$100k"},
-      {"en_US", "-1234567.891", "USD", "-$1.235M"},
-      {"en_US", "1234567.891", "USD", "$1,234,567.89", {.abbreviates = false}},
-      {"de_DE", "1234567", "EUR", "€1,235M"},
-      {"en_US", "1234567", "JPY", "¥1.235M"},
-      // Preferences.
-      {"en_US", "12", "USD", "12.00 USD", {.symbols = false}},
-      {"en_US", "-12", "USD", "-12.00 USD", {.symbols = false}},
-      {"en_US", "12", "USD", "$12", {.zeros = false}},
-      {"en_US", "12.5", "USD", "$12.50", {.zeros = false}},
-      {"en_US", "100000.5", "USD", "$100.001k", {.dp = 0, .zeros = false}},
-      {"en_US", "12.34567", "USD", "$12.34567", {.rounds = false}},
-      {"en_US", "12", "USD", "$12", {.rounds = false}},
-      {"en_US", "12", "USD", "$12.0", {.rounds = false, .minimum = 1}},
-      {"en_US", "12.34567", "USD", "$12.346", {.dp = 3, .rounds = false}},
-      {"en_US", "not a number", "USD", "Error: ∞"},
-  };
-  for (const MoneyCase& c : cases) {
+  for (const MoneyCase& c : rowsOf<MoneyCase>("Formatting/MoneyFormatterTests", "DecimalsOfACurrency")) {
     EXPECT_EQ(shown({number(c.value), money(c.code)}, contextFor(c.locale, c.settings.preferences())), c.want)
         << c.locale << ' ' << c.value << ' ' << c.code;
   }
 }
 
 TEST(MoneyFormatter, SignsOfALocale) {
-  constexpr MoneyCase cases[] = {
-      {"en_US", "5", "AUD", "A$5.00"},
-      {"en_AU", "5", "AUD", "$5.00"},
-      {"en_AU", "5", "USD", "US$5.00"},
-      {"en_GB", "-5", "USD", "-$5.00"},
-      {"de_DE", "5", "USD", "$5,00"},
-      {"ja_JP", "500", "JPY", "￥500"},
-      {"de_CH", "-1234.5", "CHF", "CHF -1’234.50"},
-      {"en_US", "-5", "INR", "₹ -5.00"},
-      {"en_IN", "54321", "INR", "₹54,321.00"},
-      {"en_US", "5", "PLN", "5.00 zł"},
-      {"en_US", "5", "SAR", "5.00﷼"},
-      {"en_US", "5", "ISK", "5 ISK"},
-  };
-  for (const MoneyCase& c : cases) {
+  for (const MoneyCase& c : rowsOf<MoneyCase>("Formatting/MoneyFormatterTests", "SignsOfALocale")) {
     EXPECT_EQ(shown({number(c.value), money(c.code)}, contextFor(c.locale)), c.want)
         << c.locale << ' ' << c.value << ' ' << c.code;
   }

@@ -17,9 +17,12 @@
 #include "TavrineCore/Parsing/Primitives/SalesTax.h"
 #include "TavrineCore/ResultFormatting/ModernResultFactory.h"
 #include "Tests/Formatting/FormattingTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::contextFor;
 using testing::number;
@@ -36,25 +39,7 @@ struct NumberCase {
 };
 
 TEST(OtherFormatters, Percentages) {
-  const NumberCase cases[] = {
-      {"en_US", "0.2", "20%"},
-      {"en_US", "-0.075", "-7.5%"},
-      {"en_US", "12.5", "1,250%"},
-      {"en_US", "12.5", "1250%", {.groups = false}},
-      {"en_US", "0.123456", "12.35%", {.dp = 2}},
-      {"en_US", "0.2", "20.00%", {.minimum = 2}},
-      {"de_DE", "0.125", "12,5\u00a0%"},
-      {"fr_FR", "0.125", "12,5\u00a0%"},
-      {"es_ES", "0.125", "12,5\u00a0%"},
-      {"ru_RU", "0.125", "12,5\u00a0%"},
-      {"de_CH", "0.125", "12.5%"},
-      {"en_IN", "1234.5", "1,23,450%"},
-      // Neither abbreviated nor scientific.
-      {"en_US", "10000", "1,000,000%"},
-      {"en_US", "0.00000001", "0.000001%"},
-      {"en_US", "not a number", ""},
-  };
-  for (const NumberCase& c : cases) {
+  for (const NumberCase& c : rowsOf<NumberCase>("Formatting/OtherFormattersTests", "Percentages")) {
     EXPECT_EQ(shown(EvaluationResult::percentage({number(c.value)}), c.settings, c.locale), c.want)
         << c.locale << ' ' << c.value;
     EXPECT_EQ(shown(EvaluationResult::salesTax({number(c.value)}), c.settings, c.locale), c.want)
@@ -63,22 +48,7 @@ TEST(OtherFormatters, Percentages) {
 }
 
 TEST(OtherFormatters, Fractions) {
-  const NumberCase cases[] = {
-      {"en_US", "0.5", "½"},
-      {"en_US", "1.5", "1 ½"},
-      {"de_DE", "1234.25", "1.234 ¼"},
-      {"en_US", "0.333333333333333", "⅓"},
-      {"en_US", "0.4375", "7/16"},
-      {"en_US", "3.142857142857142857", "3 1/7"},
-      // No fraction: the number as it is.
-      {"en_US", "2", "2"},
-      {"en_US", "0", "0"},
-      {"en_US", "-0.5", "-0.5"},
-      {"de_DE", "0.0001", "0,0001"},
-      {"en_US", "1234567", "1,234,567"},
-      {"en_US", "not a number", ""},
-  };
-  for (const NumberCase& c : cases) {
+  for (const NumberCase& c : rowsOf<NumberCase>("Formatting/OtherFormattersTests", "Fractions")) {
     EXPECT_EQ(shown(EvaluationResult::fraction({number(c.value), std::nullopt}), c.settings, c.locale), c.want)
         << c.locale << ' ' << c.value;
   }
@@ -117,14 +87,7 @@ TEST(OtherFormatters, Coordinates) {
 }
 
 TEST(OtherFormatters, Multipliers) {
-  const NumberCase cases[] = {
-      {"en_US", "2", "2x"},
-      {"de_DE", "-1.5", "-1,5x"},
-      {"en_US", "1500000", "1.5Mx"},
-      {"en_US", "1500000", "1,500,000x", {.abbreviates = false}},
-      {"en_US", "0.125", "0.13x", {.dp = 2}},
-  };
-  for (const NumberCase& c : cases) {
+  for (const NumberCase& c : rowsOf<NumberCase>("Formatting/OtherFormattersTests", "Multipliers")) {
     EXPECT_EQ(shown(EvaluationResult::multiplier({number(c.value)}), c.settings, c.locale), c.want)
         << c.locale << ' ' << c.value;
   }

@@ -10,9 +10,12 @@
 #include <vector>
 
 #include "Foundation/Decimal.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 using namespace literals;
 using enum RoundingMode;
@@ -303,31 +306,7 @@ TEST(Decimal, ReadsAndWritesText) {
   struct Case {
     std::string_view text, want;
   };
-  const std::string least = "0." + std::string(127, '0') + "1";
-  const Case cases[] = {
-      {"0", "0"},
-      {"-0", "0"},
-      {"+7", "7"},
-      {".5", "0.5"},
-      {"5.", "5"},
-      {"-00012.3400", "-12.34"},
-      {"1e3", "1000"},
-      {"1E-3", "0.001"},
-      {"12.5e+1", "125"},
-      // Digits beyond 38 are rounded, once.
-      {"3.1415926535897932384626433832795028841971693993751058", "3.1415926535897932384626433832795028842"},
-      {"0.333333333333333333333333333333333333335", "0.33333333333333333333333333333333333334"},
-      {"0.3333333333333333333333333333333333333349999", "0.33333333333333333333333333333333333333"},
-      {"9.99999999999999999999999999999999999999", "10"},
-      // The ends of the range.
-      {"1e165", "NaN"},
-      {"1e999999999999999999999999", "NaN"},
-      {"4.9e-129", "0"},
-      {"5e-129", least},
-      {"1e-999999999999999999999999", "0"},
-      {"0e999999999999999999999999", "0"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/DecimalTests", "ReadsAndWritesText")) {
     const auto value = Decimal::parse(c.text);
     ASSERT_TRUE(value.has_value()) << c.text;
     EXPECT_EQ(value->description(), c.want) << c.text;

@@ -2,9 +2,12 @@
 
 #include "Foundation/Json.h"
 #include "Foundation/JsonEvents.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 std::string repeated(std::string_view text, std::size_t times) {
   std::string result;
@@ -31,29 +34,7 @@ TEST(Json, RefusesWhatIsNoJson) {
     std::string_view text;
     std::size_t offset;
   };
-  const Case cases[] = {
-      {"", 0},
-      {"  ", 2},
-      {"[1,]", 3},
-      {"{\"a\":}", 5},
-      {"[1] x", 4},
-      {"01", 1},
-      {"\"\xC3\"", 1},
-      {"[1", 2},
-      {"nul", 3},
-      {"{a:1}", 1},
-      {"1.", 2},
-      {"\"\\ud800\"", 1},
-      {"[\"\xED\xA0\x80\"]", 2},
-      {"-", 1},
-      {"+1", 0},
-      {"\"a\nb\"", 2},
-      {"\"\\udc00\"", 7},
-      {"{\"\\udc00\":1}", 8},
-      {{"1 \0 2", 5}, 2},
-      {{"\"a\"\0", 4}, 3},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/JsonTests", "RefusesWhatIsNoJson")) {
     const JsonParseResult result = Json::parse(c.text);
     EXPECT_FALSE(result) << c.text;
     EXPECT_FALSE(result.error.empty()) << c.text;
@@ -91,16 +72,7 @@ TEST(JsonEvents, ComeInTheOrderOfTheText) {
   struct Case {
     std::string_view text, want;
   };
-  const Case cases[] = {
-      {" [] ", "[ ]"},
-      {"{ }", "{ }"},
-      {R"([{"a" : [1, -2.5e+3 , null],"b":{}}, true,false])", "[ { a: [ 1 -2.5e+3 null ] b: { } } truth truth ]"},
-      {R"("twelve bytes, and more")", "'twelve bytes, and more'"},
-      {R"(["a\"b", "eight by\n", "\u00e9\ud83d\ude00\/", ""])", "[ 'a\"b' 'eight by\n' 'é😀/' '' ]"},
-      {R"(["Zürich", "1234567\\"])", "[ 'Zürich' '1234567\\' ]"},
-      {"1e-400", "1e-400"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/JsonTests", "ComeInTheOrderOfTheText")) {
     Recorder recorder(c.text);
     EXPECT_EQ(readJsonEvents(c.text, recorder), "") << c.text;
     EXPECT_EQ(recorder.events(), c.want) << c.text;

@@ -13,27 +13,18 @@
 #include "Foundation/Locale.h"
 #include "Foundation/PluralRules.h"
 #include "Foundation/SpellOut.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 TEST(Locale, IdentifiersAreNormalisedAndRead) {
   struct Case {
     std::string_view given, identifier, language, script, region;
   };
-  const Case cases[] = {
-      {"en-US", "en_US", "en", "", "US"},
-      {"zh-Hans-CN", "zh_Hans_CN", "zh", "Hans", "CN"},
-      {"zh_Hant", "zh_Hant", "zh", "Hant", ""},
-      {"fr", "fr", "fr", "", ""},
-      {"es_419", "es_419", "es", "", "419"},
-      {"de_DE@calendar=islamic-civil", "de_DE@calendar=islamic-civil", "de", "", "DE"},
-      // Locales of a bare process would write numbers without grouping.
-      {"", "en_US", "en", "", "US"},
-      {"C", "en_US", "en", "", "US"},
-      {"en_US_POSIX", "en_US", "en", "", "US"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/LocaleTests", "IdentifiersAreNormalisedAndRead")) {
     const Locale locale(c.given);
     EXPECT_EQ(locale.identifier(), c.identifier);
     EXPECT_EQ(locale.language(), c.language) << c.given;
@@ -46,19 +37,8 @@ TEST(Locale, PosixNamesAreCut) {
   struct Case {
     std::string_view name, identifier;
   };
-  const Case cases[] = {
-      {"fr_FR.UTF-8@euro", "fr_FR"},
-      {"de_CH.UTF-8", "de_CH"},
-      {"C.UTF-8", "en_US"},
-      {"POSIX", "en_US"},
-      {"", "en_US"},
-      {"ca_ES_VALENCIA", "ca_ES"},
-      {"../../etc", "en_US"},
-      {"x", "en_US"},
-      {"zh_Hant_TW", "zh_Hant_TW"},
-      {".UTF-8", "en_US"},
-  };
-  for (const Case& c : cases) EXPECT_EQ(Locale::fromPosixName(c.name).identifier(), c.identifier) << c.name;
+  for (const Case& c : rowsOf<Case>("Foundation/LocaleTests", "PosixNamesAreCut"))
+    EXPECT_EQ(Locale::fromPosixName(c.name).identifier(), c.identifier) << c.name;
 }
 
 TEST(Locale, AttributesFollowTheRegion) {
@@ -67,18 +47,7 @@ TEST(Locale, AttributesFollowTheRegion) {
     std::optional<std::string> grouping, currency, symbol;
     MeasurementSystem system;
   };
-  const Case cases[] = {
-      {"en_US", ".", ",", "USD", "$", MeasurementSystem::us},
-      {"en_GB", ".", ",", "GBP", "£", MeasurementSystem::uk},
-      {"en_CA", ".", ",", "CAD", "$", MeasurementSystem::metric},
-      {"de_DE", ",", ".", "EUR", "€", MeasurementSystem::metric},
-      {"de_CH", ".", "’", "CHF", "CHF", MeasurementSystem::metric},
-      {"fr_FR", ",", "\u202F", "EUR", "€", MeasurementSystem::metric},
-      {"ja_JP", ".", ",", "JPY", "￥", MeasurementSystem::metric},
-      {"zh_CN", ".", ",", "CNY", "¥", MeasurementSystem::metric},
-      {"en", ".", ",", std::nullopt, std::nullopt, MeasurementSystem::us},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/LocaleTests", "AttributesFollowTheRegion")) {
     const Locale locale(c.identifier);
     EXPECT_EQ(locale.decimalSeparator(), c.decimal) << c.identifier;
     EXPECT_EQ(locale.groupingSeparator(), c.grouping) << c.identifier;
@@ -147,30 +116,8 @@ TEST(PluralRules, CategoriesByLanguage) {
     PluralCategory want;
   };
   using enum PluralCategory;
-  const Case cases[] = {
-      {"en_US", "1", one},
-      {"en_US", "1.0", other},
-      {"en_US", "0", other},
-      {"en_US", "-1", one},
-      {"fr_FR", "1.5", one},
-      {"fr_FR", "2", other},
-      {"ru_RU", "21", one},
-      {"ru_RU", "3", few},
-      {"ru_RU", "11", many},
-      {"ru_RU", "1.5", other},
-      {"ja_JP", "1", other},
-      {"ar_EG", "0", zero},
-      {"ar_EG", "2", two},
-      {"en_US", "", other},
-      {"en_US", "1e400", other},
-      {"en_US", "one", other},
-      {"ru_RU", "12345678901234567890123456789012345671", one},
-      {"ru_RU", "0000000000000003", few},
-      {"es_ES", "2000000", many},
-      {"lv_LV", "0.12345678901234567891", one},
-      {"en_US", "1000000000000000001", other},
-  };
-  for (const Case& c : cases) EXPECT_EQ(pluralCategory(c.number, Locale(c.locale)), c.want) << c.locale << c.number;
+  for (const Case& c : rowsOf<Case>("Foundation/LocaleTests", "CategoriesByLanguage"))
+    EXPECT_EQ(pluralCategory(c.number, Locale(c.locale)), c.want) << c.locale << c.number;
   EXPECT_EQ(pluralCategory(1.0, Locale("en_US")), one);
   EXPECT_EQ(pluralCategory(2.0, Locale("ru_RU")), few);
 }

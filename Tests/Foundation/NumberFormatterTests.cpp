@@ -13,9 +13,12 @@
 
 #include "Foundation/NumberFormatter.h"
 #include "Foundation/NumberRecognition.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 using namespace literals;
 
@@ -130,23 +133,7 @@ TEST(NumberFormatter, Examples) {
     std::string_view value, want;
   };
   using enum NumberStyle;
-  const Case cases[] = {
-      {"en_US", decimal, 0, 3, "1234567.8915", "1,234,567.892"},
-      {"en_US", decimal, 2, 2, "-0.001", "-0.00"},
-      {"en_US", decimal, 4, 2, "1.5", "1.5000"},
-      {"en_US", decimal, -3, -1, "1.5", "2"},
-      {"en_IN", decimal, 0, 0, "123456789", "12,34,56,789"},
-      {"es_ES", decimal, 0, 3, "1234.5", "1.234,5"},
-      {"de_DE", percent, 0, 1, "0.2", "20\u00A0%"},
-      {"en_US", percent, 0, 1, "0.2", "20%"},
-      {"en_US", scientific, 0, 2, "999999", "1E6"},
-      {"en_US", scientific, 0, 0, "0.00000015", "1.5E-7"},
-      {"en_US", none, 0, 3, "1234567.5", "1234568"},
-      {"en_US_POSIX", decimal, 0, 0, "1234567", "1,234,567"},
-      {"", decimal, 0, 0, "1234567", "1,234,567"},
-      {"xx_no such\xFFlocale", decimal, 0, 0, "12", "12"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/NumberFormatterTests", "Examples")) {
     NumberFormatter formatter(c.locale);
     formatter.numberStyle = c.style;
     formatter.minimumFractionDigits = c.minimum;
@@ -242,38 +229,7 @@ TEST(NumberRecognition, Examples) {
     std::string_view text;
     std::optional<std::string_view> want;
   };
-  constexpr auto none = std::nullopt;
-  const Case cases[] = {
-      {"en_US", "5.", "5"},
-      {"en_US", ".5", "0.5"},
-      {"en_US", "1e5", "100000"},
-      {"en_US", "1e99999999999999999999", "NaN"},
-      {"en_US", "1'000", "1000"},
-      {"en_US", "1 000 000", "1000000"},
-      {"en_US", "1 000,000", none},
-      {"en_US", "1234,567", none},
-      {"en_US", "1,,000", none},
-      {"en_US", "1,000,", none},
-      {"en_US", ",000", none},
-      {"en_US", "1.000,5", none},
-      {"en_US", "+5", none},
-      {"en_US", "1E", none},
-      {"en_US", "1e+", none},
-      {"en_US", "", none},
-      {"en_US", ".", none},
-      {"en_US", "-", none},
-      {"en_US", "NaN", none},
-      {"en_US", "\u221E", none},
-      {"en_US", " 5", none},
-      {"en_US", "5\xE2\x80", none},
-      {"en_IN", "12,34,567", "1234567"},
-      {"en_IN", "1,234,567", none},
-      {"de_DE", "1.234,5", "1234.5"},
-      {"de_CH", "1\u2019234.5", "1234.5"},
-      {"fr_FR", "1\u202F234,5", "1234.5"},
-      {"en_US", "\u0661\u0662", "12"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/NumberFormatterTests", "Examples 2")) {
     const NumberSymbols& symbols = NumberSymbols::forLocale(c.locale);
     const auto value = parseStrict(c.text, symbols);
     ASSERT_EQ(value.has_value(), c.want.has_value()) << c.locale << " [" << c.text << "]";

@@ -7,9 +7,12 @@
 #include <random>
 
 #include "Foundation/Text.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 using namespace std::string_view_literals;
 
@@ -40,8 +43,8 @@ TEST(TextEncoding, InvalidBytesBecomeOneReplacementPerBrokenSequence) {
       {"a\0b"sv, "a\0b"sv},
   };
   for (const Case& c : cases) {
-    EXPECT_EQ(sanitizedUtf8(c.bytes), c.want) << testing::PrintToString(c.bytes);
-    EXPECT_EQ(isValidUtf8(c.bytes), c.bytes == c.want) << testing::PrintToString(c.bytes);
+    EXPECT_EQ(sanitizedUtf8(c.bytes), c.want) << ::testing::PrintToString(c.bytes);
+    EXPECT_EQ(isValidUtf8(c.bytes), c.bytes == c.want) << ::testing::PrintToString(c.bytes);
   }
 }
 
@@ -110,19 +113,8 @@ TEST(TextCharacters, ClustersAsReadersSeeThem) {
     std::string_view text;
     std::vector<std::string_view> want;
   };
-  const Case cases[] = {
-      {"", {}},
-      {"a\r\nb\n\rc", {"a", "\r\n", "b", "\n", "\r", "c"}},
-      {"e\u0301x", {"e\u0301", "x"}},
-      {"\u0301x", {"\u0301", "x"}},
-      {"🇫🇷🇩🇪🇯", {"🇫🇷", "🇩🇪", "🇯"}},
-      {"👨‍👩‍👧1👍🏽", {"👨‍👩‍👧", "1", "👍🏽"}},
-      {"©\uFE0F©", {"©\uFE0F", "©"}},
-      {"각\u1112\u1161\u11ABx", {"각", "\u1112\u1161\u11AB", "x"}},
-      {"क्षि", {"क्षि"}},
-      {"漢字", {"漢", "字"}},
-  };
-  for (const Case& c : cases) EXPECT_EQ(clustersOf(c.text), c.want) << c.text;
+  for (const Case& c : rowsOf<Case>("Foundation/TextTests", "ClustersAsReadersSeeThem"))
+    EXPECT_EQ(clustersOf(c.text), c.want) << c.text;
   EXPECT_EQ(lastCluster("ae\u0301"), "e\u0301");
   EXPECT_TRUE(isSingleCluster("\r\n"));
   EXPECT_FALSE(isSingleCluster(""));
@@ -171,20 +163,7 @@ TEST(TextCase, Maps) {
   struct Case {
     std::string_view text, lower, upper, capitalized, bare;
   };
-  const Case cases[] = {
-      {"", "", "", "", ""},
-      {"Abc-1", "abc-1", "ABC-1", "Abc-1", "Abc-1"},
-      {"straße", "straße", "STRASSE", "Straße", "straße"},
-      {"ZÜRICH", "zürich", "ZÜRICH", "ZÜRICH", "ZURICH"},
-      {"über", "über", "ÜBER", "Über", "uber"},
-      {"e\u0301té", "e\u0301té", "E\u0301TÉ", "E\u0301té", "ete"},
-      {"МАРТ", "март", "МАРТ", "МАРТ", "МАРТ"},
-      {"Øre Ł", "øre ł", "ØRE Ł", "Øre Ł", "Øre Ł"},
-      {"각", "각", "각", "각", "각"},
-      {"ệ", "ệ", "Ệ", "Ệ", "e"},
-      {"μΩ", "μω", "ΜΩ", "ΜΩ", "μΩ"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/TextTests", "Maps")) {
     EXPECT_EQ(lowercased(c.text), c.lower);
     EXPECT_EQ(isLowercased(c.text), c.text == c.lower) << c.text;
     EXPECT_EQ(uppercased(c.text), c.upper);
@@ -209,11 +188,7 @@ TEST(TextCutting, TrimsAllWhitespace) {
   struct Case {
     std::string_view text, want;
   };
-  const Case cases[] = {
-      {"", ""},           {" \t\r\n", ""}, {"\u00A0\u2009x y\u3000\u202F", "x y"}, {"\u200Bx", "\u200Bx"},
-      {"x\x80", "x\x80"}, {" 😀 ", "😀"},
-  };
-  for (const Case& c : cases) EXPECT_EQ(trimmed(c.text), c.want);
+  for (const Case& c : rowsOf<Case>("Foundation/TextTests", "TrimsAllWhitespace")) EXPECT_EQ(trimmed(c.text), c.want);
 }
 
 TEST(TextCutting, SplitsReplacesAndJoins) {

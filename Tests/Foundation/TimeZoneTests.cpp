@@ -8,43 +8,20 @@
 #include "Foundation/PosixZoneRule.h"
 #include "Foundation/TimeZone.h"
 #include "Foundation/ZoneRules.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::foundation {
 namespace {
+
+using testing::rowsOf;
 
 TEST(TimeZoneTests, KnowsZonesByTheirIdentifier) {
   struct Case {
     const char* identifier;
     std::optional<std::int32_t> offset;  // at the start of 2024
   };
-  constexpr Case cases[] = {
-      {"GMT", 0},
-      {"UTC", 0},
-      {"Europe/Paris", 3600},
-      {"America/New_York", -18'000},
-      {"Asia/Kathmandu", 20'700},
-      {"GMT+03:00", 10'800},
-      {"GMT-3", -10'800},
-      {"UTC+5:30", 19'800},
-      {"GMT+0530", 19'800},
-      {"GMT+530", 19'800},
-      {"Etc/GMT+5", -18'000},
-      {"GMT+19", std::nullopt},
-      {"GMT+3:60", std::nullopt},
-      {"GMT+3:", std::nullopt},
-      {"GMT+:30", std::nullopt},
-      {"GMT+", std::nullopt},
-      {"GMT+1:2", std::nullopt},
-      {"Europe", std::nullopt},
-      {"Europe/Atlantis", std::nullopt},
-      {"europe/paris", std::nullopt},
-      {"BST", std::nullopt},
-      {"../../etc/passwd", std::nullopt},
-      {"/etc/localtime", std::nullopt},
-      {"", std::nullopt},
-  };
   const Date date(1'704'067'200);
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/TimeZoneTests", "KnowsZonesByTheirIdentifier")) {
     const auto zone = TimeZone::withIdentifier(c.identifier);
     ASSERT_EQ(zone.has_value(), c.offset.has_value()) << c.identifier;
     EXPECT_EQ(TimeZone(c.identifier).secondsFromGMT(date), c.offset.value_or(0)) << c.identifier;
@@ -100,23 +77,7 @@ TEST(TimeZoneTests, FollowsTheRuleBeyondTheTable) {
     std::int32_t offset;
     const char* name;
   };
-  constexpr Case cases[] = {
-      {"EST5EDT,M3.2.0,M11.1.0", 2'224'929'600, -14'400, "EDT"},  // July 2040
-      {"EST5EDT,M3.2.0,M11.1.0", 2'209'032'000, -18'000, "EST"},  // January 2040
-      {"EST5EDT,M3.2.0,M11.1.0", 1'710'054'000, -14'400, "EDT"},  // the first second of summer 2024
-      {"EST5EDT,M3.2.0,M11.1.0", 1'710'053'999, -18'000, "EST"},
-      {"<+0330>-3:30", 2'224'929'600, 12'600, "+0330"},
-      // The south has summer around New Year; Dublin has standard time in summer.
-      {"AEST-10AEDT,M10.1.0,M4.1.0/3", 2'209'032'000, 39'600, "AEDT"},
-      {"IST-1GMT0,M10.5.0,M3.5.0/1", 2'209'032'000, 0, "GMT"},
-      {"IST-1GMT0,M10.5.0,M3.5.0/1", 2'224'929'600, 3600, "IST"},
-      // Hours outside of the day, and days of the year.
-      {"<-02>2<-01>,M3.5.0/-1,M10.5.0/0", 1'711'846'800, -3600, "-01"},
-      {"<-02>2<-01>,M3.5.0/-1,M10.5.0/0", 1'711'846'799, -7200, "-02"},
-      {"AAA0BBB,J60/0,300/0", 1'709'251'200, 3600, "BBB"},  // 1 March 2024
-      {"AAA0BBB,J60/0,300/0", 1'709'251'199, 0, "AAA"},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Foundation/TimeZoneTests", "FollowsTheRuleBeyondTheTable")) {
     const auto rule = PosixZoneRule::parse(c.rule);
     ASSERT_TRUE(rule) << c.rule;
     const ZonePeriod period = rule->periodAt(c.moment);

@@ -13,10 +13,13 @@
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Multiline/Utilities/LineFunctionDefinition.h"
 #include "TavrineCore/Parsing/Primitives/SubsheetList.h"
+#include "Tests/Support/Table.h"
 #include "Tests/Support/World.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using Utility = CustomFunctionDefinitionUtility;
 using Lines = std::vector<std::string>;
@@ -94,24 +97,7 @@ TEST_F(FunctionDefinitionTest, PhrasesAndParametersOfDefinitions) {
     std::string_view prototype;  // "" for no definition
     std::string_view parameters = "";
   };
-  for (const Row& row : std::vector<Row>{
-           {"area of 5 m by 3 m", "area of __length_expression by __length_expression", "5 m;3 m;"},
-           {"  tip on $50 ", "tip on __currency_expression", "$50;"},
-           {"tip on 50 dollars", "tip on __currency_expression", "50 dollars;"},
-           {"tip on 50 CHF for 3 people", "tip on __currency_expression for 3 people", "50 CHF;3;"},
-           {"stretch 5 km to 7 by 20%", "stretch __length_expression to 7 by __percentage", "5 km;7;20%;"},
-           {"drive 5 km in 3 hours", "drive __length_expression in __timespan", "5 km;3 hours;"},
-           {"zorb from 25 December 2026 to 3 weeks", "zorb from __datestamp to __timespan",
-            "25 December 2026;3 weeks;"},
-           {"zorb at $3 per km", "zorb at __rate", "$3 per km;"},
-           {"blend 5 kg and 7 kg", "blend __mass_expression and __mass_expression", "5 kg;7 kg;"},
-           {"blend (5 kg and 7)", "blend (__mass_expression and 7)", "5 kg;7;"},
-           {"average zorb of 5 km", "average zorb of __length_expression", "5 km;"},
-           {"20% 30%", ""},
-           {"plain words", ""},
-           {"zorb of sqrt(4)", ""},
-           {"", ""},
-       }) {
+  for (const Row& row : rowsOf<Row>("Multiline/FunctionDefinitionTests", "PhrasesAndParametersOfDefinitions")) {
     EXPECT_EQ(Utility::prototypeOf(row.definition).value_or(""), row.prototype) << row.definition;
     const auto parameters = utility().parametersIn(row.definition);
     EXPECT_EQ(parameters.has_value(), !row.prototype.empty()) << row.definition;
@@ -133,15 +119,7 @@ TEST_F(FunctionDefinitionTest, BodiesAnswerCalls) {
     std::string_view line;
     std::string_view answer;
   };
-  for (const Row& row : std::vector<Row>{
-           {"area of 5 m by 3 m", {"① * ②"}, "area of 4 m by 2 m", "8 m²"},
-           {"tip on 50 dollars", {"rate = 10%", "", "① * rate", "that is all"}, "tip on $80", "$8.00"},
-           {"tip on $50 for 3", {"share = ① / ②", "share + 10%"}, "1 + tip on $30 for (1 + 2)", "$12.00"},
-           {"stretch 5 km by 2", {"①", "② - 1"}, "stretch 5 km by 2", "1"},
-           {"zorb 5 km", {"nothing to see"}, "zorb 5 km", ""},
-           {"zorb 5 km", {"② + 1"}, "zorb 5 km", "1"},
-           {"zorb 5 km", {"zorb 3 km"}, "zorb 5 km", "3 km"},
-       }) {
+  for (const Row& row : rowsOf<Row>("Multiline/FunctionDefinitionTests", "BodiesAnswerCalls")) {
     const auto function = utility().customFunctionFrom(row.definition, sheetOf(row.body));
     ASSERT_TRUE(function) << row.definition;
     EngineCustomization withFunction = customization();

@@ -15,6 +15,7 @@
 #include "TavrineCore/Parsing/Squad/NumberTokens.h"
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -98,188 +99,38 @@ TEST(DateNumbers, TellWhichPartOfADateTheyCanBe) {
 
 // --- Lines ----------------------------------------------------------------------------------------------------------
 
-TEST(DatePasses, ReadTimesOfDay) {
-  constexpr Case kCases[] = {
-      {"3 pm", "clockTime 2026-06-10 15:00"},
-      {"3pm", "clockTime 2026-06-10 15:00"},
-      {"3:45 pm", "clockTime 2026-06-10 15:45"},
-      {"3.45 pm", "clockTime 2026-06-10 15:45"},
-      {"12 am", "clockTime 2026-06-10 00:00"},
-      {"12:30 am", "clockTime 2026-06-10 00:30"},
-      {"12 pm", "clockTime 2026-06-10 12:00"},
-      {"15:45", "clockTime 2026-06-10 15:45"},
-      {"24:00", "clockTime 2026-06-11 00:00"},
-      {"noon", "clockTime 2026-06-10 12:00"},
-      {"midnight", "clockTime 2026-06-10 00:00"},
-      {"1530 h", "clockTime 2026-06-10 15:30"},
-      {"0905 hours", "clockTime 2026-06-10 09:05"},
-      {"1500 hours", "clockTime 2026-06-10 15:00"},
-      {"15 h 30", "clockTime 2026-06-10 15:30"},
-      {"15h30", "clockTime 2026-06-10 15:30"},
-      // Durations, amounts and what no clock shows.
-      {"15 h 30 min", ""},
-      {"1:30 hours", ""},
-      {"1500 hours in days", ""},
-      {"$20 * 1500 hours", ""},
-      {"905 h", ""},
-      {"9:75", ""},
-      {"25:00", ""},
-      {"24:30", ""},
-      {"3:5", ""},
-      {"3.75 pm", ""},
-      {"1:30:15:10", ""},
-  };
-  check(LineReader(), kCases);
-}
+TEST(DatePasses, ReadTimesOfDay) { check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadTimesOfDay")); }
 
 TEST(DatePasses, ReadNamesOfMonthsWithTheNumbersBesideThem) {
-  constexpr Case kCases[] = {
-      {"March 5", "dayAndMonth 2026-03-05 12:00"},
-      {"5 March", "dayAndMonth 2026-03-05 12:00"},
-      {"5th of March", "dayAndMonth 2026-03-05 12:00"},
-      {"March 5th, 2024", "dayMonthYear 2024-03-05 12:00"},
-      {"March 5, 2024", "dayMonthYear 2024-03-05 12:00"},
-      {"5 March 24", "dayMonthYear 2024-03-05 12:00"},
-      {"2024 March 5", "dayMonthYear 2024-03-05 12:00"},
-      {"5-Mar-2024", "dayMonthYear 2024-03-05 12:00"},
-      {"05/mar/24", "dayMonthYear 2024-03-05 12:00"},
-      {"5 - March", "nakedMonth 2026-03-01 12:00"},
-      {"sept 5 1950", "dayMonthYear 1950-09-05 12:00"},
-      {"March 2024", "monthAndYear 2024-03-01 00:00"},
-      {"March", "nakedMonth 2026-03-01 12:00"},
-      {"29 February 2024", "dayMonthYear 2024-02-29 12:00"},
-      {"March 5 2024 at 3pm", "dayMonthYearWithClockTimeDownToMinutes 2024-03-05 15:00"},
-      {"3pm on March 5 2024", "dayMonthYearWithClockTimeDownToMinutes 2024-03-05 15:00"},
-      {"Friday 5 March 2027", "dayMonthYear 2027-03-05 12:00"},
-      {"Friday 12 June", "dayAndMonth 2026-06-12 12:00"},
-      {"31 April + 3 days", "nakedMonth 2026-04-01 12:00"},
-      {"Q2 2024", "span 2024-04-01 00:00 - 2024-06-30 00:00"},
-      {"Q4", "span 2026-10-01 00:00 - 2026-12-31 00:00"},
-      // Days that there are not, and numbers that belong to something else.
-      {"29 February 2026", ""},
-      {"30 February", ""},
-      {"April 31 2024", ""},
-      {"March 5 days", "nakedMonth 2026-03-01 12:00"},
-      {"March 5%", "nakedMonth 2026-03-01 12:00"},
-      {"March 5 km", "nakedMonth 2026-03-01 12:00"},
-      {"March 5, 6 and 7", "dayAndMonth 2026-03-05 12:00"},
-  };
-  check(LineReader(), kCases);
+  check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadNamesOfMonthsWithTheNumbersBesideThem"));
 }
 
 TEST(DatePasses, ReadDigitsAroundSeparators) {
-  constexpr Case kUnitedStates[] = {
-      {"12/25/2025", "dayMonthYear 2025-12-25 12:00"},
-      {"01-02-20", "dayMonthYear 2020-01-02 12:00"},
-      {"25/12/2025", "dayMonthYear 2025-12-25 12:00"},
-      {"2020-03-05", "dayMonthYear 2020-03-05 12:00"},
-      {"2020-13-05", ""},
-      {"2020-02-30", ""},
-      {"99-01-02", ""},
-      {"1/2/3/4", ""},
-      {"12/25/2025 - 12/20/2025", "dayMonthYear 2025-12-25 12:00 | dayMonthYear 2025-12-20 12:00"},
-      {"12/25-2025", ""},
-      // One digit and two parts need a duration in the line.
-      {"3/4", ""},
-      {"13/2/2024", ""},
-      {"13/2/2024 + 1 day", "dayMonthYear 2024-02-13 12:00"},
-      {"3/4 + 2 weeks", "dayAndMonth? 2026-03-04 12:00"},
-      {"13/2 + 2 weeks", "dayAndMonth? 2026-02-13 12:00"},
-      {"x = 3/4 + 2 weeks", ""},
-      {"3/4 weeks", ""},
-      {"3/4 cup + 2 days", ""},
-      {"10 / 2 days", ""},
-      {"5.3.2020", ""},
-  };
-  check(LineReader(), kUnitedStates);
+  check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadDigitsAroundSeparators, unitedStates"));
   constexpr Case kBritish[] = {
       {"01/02/2024", "dayMonthYear 2024-02-01 12:00"},
       {"12/25/2025", ""},
       {"3/4 + 2 weeks", "dayAndMonth? 2026-04-03 12:00"},
   };
   check(LineReader(nullptr, "en_GB"), kBritish);
-  constexpr Case kGerman[] = {
-      {"12.11.2020", "dayMonthYear 2020-11-12 12:00"},
-      {"5.3.2999", "dayMonthYear 2999-03-05 12:00"},
-      {"5.3.1500", ""},
-      {"32.1.2020", ""},
-  };
-  check(LineReader(nullptr, "de_DE"), kGerman);
+  check(LineReader(nullptr, "de_DE"), rowsOf<Case>("Parsing/DatePassTests", "ReadDigitsAroundSeparators, german"));
 }
 
 TEST(DatePasses, ReadDatesToldFromToday) {
-  constexpr Case kCases[] = {
-      {"today", "today 2026-06-10 12:00"},
-      {"tomorrow", "tomorrow 2026-06-11 12:00"},
-      {"yesterday", "yesterday 2026-06-09 12:00"},
-      {"now", "now 2026-06-10 09:30"},
-      {"5pm tomorrow", "dayMonthYearWithClockTimeDownToMinutes 2026-06-11 17:00"},
-      {"tomorrow at noon", "dayMonthYearWithClockTimeDownToMinutes 2026-06-11 12:00"},
-      // Wednesday is the day of the clock.
-      {"Friday", "weekDay 2026-06-12 12:00"},
-      {"Wednesday", "weekDay 2026-06-17 12:00"},
-      {"next friday", "relativeWeekday 2026-06-12 12:00"},
-      {"last friday", "relativeWeekday 2026-06-05 12:00"},
-      {"Friday at 3pm", "weekdayWithClockTime 2026-06-12 15:00"},
-      {"Friday at 3 + 2 hours", "weekdayWithClockTime 2026-06-12 15:00"},
-      {"Friday at 9 + 2 hours", "weekdayWithClockTime 2026-06-12 09:00"},
-      {"next week", "nextWeek 2026-06-14 00:00"},
-      {"this week", "thisWeek 2026-06-07 00:00"},
-      {"last month", "lastMonth 2026-05-01 00:00"},
-      {"next year", "nextYear 2027-01-01 00:00"},
-      {"next week tuesday", "relativeWeekday 2026-06-16 12:00"},
-      {"tuesday last week", "relativeWeekday 2026-06-02 12:00"},
-      {"next day", "dayMonthYear 2026-06-11 12:00"},
-      {"next workday", "dayMonthYear 2026-06-11 12:00"},
-      {"christmas", "specialDay 2026-12-25 12:00"},
-      {"easter", "specialDay 2027-03-28 12:00"},
-      {"christmas 2025", "specialDay 2025-12-25 12:00"},
-      {"easter 2024", "specialDay 2024-03-31 12:00"},
-      {"christmas in 3 years", "specialDay 2029-12-25 12:00"},
-      {"last christmas", "specialDay 2025-12-25 12:00"},
-      {"next christmas", "specialDay 2027-12-25 12:00"},
-  };
-  check(LineReader(), kCases);
+  check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadDatesToldFromToday"));
 }
 
 TEST(DatePasses, ReadYearsThatStandAlone) {
-  constexpr Case kCases[] = {
-      {"2020 + 3 years", "nakedYear? 2020-01-01 00:00"},
-      {"days in 2024", "nakedYear? 2024-01-01 00:00"},
-      {"2019 to 2022 in days", "nakedYear? 2019-01-01 00:00 | nakedYear? 2022-01-01 00:00"},
-      {"2020 + 3", ""},
-      {"$2020 + 3 years", ""},
-      {"5 * 2020 + 3 years", ""},
-      {"2019 to 2022", ""},
-      {"20% to 2022 in days", ""},
-  };
-  check(LineReader(), kCases);
+  check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadYearsThatStandAlone"));
 }
 
 TEST(DatePasses, ReadMomentsInZones) {
-  constexpr Case kCases[] = {
-      {"9am in Paris", "clockTime 2026-06-10 09:00 Europe/Paris"},
-      {"3pm Tokyo - 3pm London", "clockTime 2026-06-10 15:00 Asia/Tokyo | clockTime 2026-06-10 15:00 Europe/London"},
-      {"3pm to Tokyo", "clockTime 2026-06-10 15:00"},
-      {"now in Tokyo", "now 2026-06-10 18:30 Asia/Tokyo"},
-      {"Friday 3pm Tokyo", "weekdayWithClockTime 2026-06-12 15:00 Asia/Tokyo"},
-      {"2024-03-05T14:30:00Z", "iso8601 2024-03-05 14:30 UTC"},
-      {"2024-03-05T14:30:00+02:00", "iso8601 2024-03-05 12:30 UTC"},
-      {"2024-03-05T14:30:15", "iso8601 2024-03-05 14:30:15"},
-      {"2024-03-05T14:30Z", "iso8601 2024-03-05 14:30 UTC"},
-      {"2024-03-05 14:30:15", "dayMonthYearWithClockTimeDownToSeconds 2024-03-05 14:30:15"},
-  };
-  check(LineReader(), kCases);
+  check(LineReader(), rowsOf<Case>("Parsing/DatePassTests", "ReadMomentsInZones"));
 }
 
 TEST(DatePasses, LookAheadWhereAsked) {
   const LineReader reader([](EngineFeatureFlags& flags) { flags.seeksFutureDate = true; });
-  constexpr Case kCases[] = {
-      {"March 5", "dayAndMonth 2027-03-05 00:00"}, {"July 5", "dayAndMonth 2026-07-05 00:00"},
-      {"9am", "clockTime 2026-06-11 09:00"},       {"11am", "clockTime 2026-06-10 11:00"},
-      {"3/4", "dayAndMonth? 2027-03-04 00:00"},    {"March 5 2024", "dayMonthYear 2024-03-05 00:00"},
-  };
-  check(reader, kCases);
+  check(reader, rowsOf<Case>("Parsing/DatePassTests", "LookAheadWhereAsked"));
 }
 
 TEST(DatePasses, KeepTheYearOfAWeekAtTheTurnOfTheYear) {
@@ -308,9 +159,7 @@ TEST(DateFormatTemplates, AreToldFromWords) {
     std::string_view text;
     bool isValid;
   };
-  constexpr Row kRows[] = {{"dd.MM.yyyy", true}, {"yyyy", true}, {"h'a", true},   {"", false},
-                           {".dd", false},       {"dd.", false}, {"date", false}, {"dd/MM", false}};
-  for (const Row& row : kRows) {
+  for (const Row& row : rowsOf<Row>("Parsing/DatePassTests", "AreToldFromWords")) {
     EXPECT_EQ(DateFormatTemplateParser::isValidDateFormat(row.text), row.isValid) << row.text;
   }
 }

@@ -11,9 +11,12 @@
 #include "TavrineCore/Parsing/Primitives/UnitArithmetic.h"
 #include "TavrineCore/Parsing/Primitives/UnitExpressionDurations.h"
 #include "TavrineCore/Parsing/Primitives/Workdays.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using namespace foundation::literals;
 
@@ -74,13 +77,7 @@ TEST_F(DateValueTests, AddsUpDurations) {
     Decimal want;
     UnitIdentifier unit;
   };
-  const Case cases[] = {
-      {{.hour = 1, .minute = 30}, "1.5"_dec, UnitIdentifier::hours},
-      {{.day = 1, .second = 43'200}, "1.5"_dec, UnitIdentifier::days},
-      {{.second = 5}, 5, UnitIdentifier::seconds},
-      {{}, 0, UnitIdentifier::seconds},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Parsing/DateValueTests", "AddsUpDurations")) {
     const UnitExpression sum = unitExpressionValue({c.components, std::nullopt});
     EXPECT_EQ(sum.value, c.want);
     EXPECT_EQ(sum.unit, unitOf(c.unit)) << c.want;
@@ -95,21 +92,7 @@ TEST_F(DateValueTests, TellsHowADateWasWritten) {
     DateComponents components;
     DatestampType read, led;
   };
-  const Case cases[] = {
-      {{.year = 2024}, nakedYear, dayMonthYear},
-      {{.month = 3}, nakedMonth, dayAndMonth},
-      {{.day = 5}, nakedDayOfMonth, dayAndMonth},
-      {{.year = 2024, .month = 3}, monthAndYear, dayAndMonth},
-      {{.year = 2024, .month = 3, .day = 5}, dayMonthYear, dayAndMonth},
-      {{.hour = 5}, clockTime, clockTime},
-      {{.year = 0, .month = 0, .day = 5, .hour = 0, .second = 0}, unspecified, dayAndMonth},
-      {{.month = 3, .day = 5, .hour = 9}, dayMonthYearWithClockTimeDownToMinutes, clockTime},
-      {{.month = 3, .day = 5, .hour = 9, .second = 1},
-       dayMonthYearWithClockTimeDownToSeconds,
-       dayMonthYearWithClockTimeDownToSeconds},
-      {{}, unspecified, unspecified},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Parsing/DateValueTests", "TellsHowADateWasWritten")) {
     EXPECT_EQ(toString(datestampTypeOf(c.components)), toString(c.read));
     EXPECT_EQ(toString(appropriateDatestampType({c.components, std::nullopt})), toString(c.led)) << toString(c.read);
   }

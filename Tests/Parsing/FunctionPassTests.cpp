@@ -12,6 +12,7 @@
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "Tests/Support/Table.h"
 #include "Tests/Support/Tiling.h"
 
 namespace tavrine::testing {
@@ -51,26 +52,8 @@ struct ShapeCase {
 };
 
 TEST(FunctionPass, TakesBracketsOrTheOneValueBehindTheName) {
-  const auto cases = std::to_array<ShapeCase>({
-      {"sqrt(16)", "call{sqrt arg{( 16 )}}"},
-      {"sqrt (16) + 1", "call{sqrt arg{( 16 )}} + 1"},
-      {"sqrt 16 + 9", "call{sqrt arg{16}} + 9"},
-      {"2 * sqrt(2 * (3 + 4)) * 5", "2 * call{sqrt arg{( 2 * arg{( 3 + 4 )} )}} * 5"},
-      {"(1 + abs(2))", "arg{( 1 + call{abs arg{( 2 )}} )}"},
-      {"sqrt(abs(1)) abs(2)", "call{sqrt arg{( call{abs arg{( 1 )}} )}} call{abs arg{( 2 )}}"},
-      {"sqrt abs 16", "call{sqrt arg{call{abs arg{16}}}}"},
-      {"sqrt abs (16)", "call{sqrt arg{call{abs arg{( 16 )}}}}"},
-      // Nothing to apply the function to.
-      {"sqrt", "sqrt"},
-      {"sqrt + 5", "sqrt + 5"},
-      {"log = 5", "log = 5"},
-      {"round the 5", "round the 5"},
-      {"sqrt(16", "sqrt ( 16"},
-      {"sqrt(1) abs(2", "call{sqrt arg{( 1 )}} abs ( 2"},
-      {"abs(sqrt(2)", "abs ( call{sqrt arg{( 2 )}}"},
-      {"sqrt 2)", "call{sqrt arg{2}} )"},
-  });
-  for (const ShapeCase& c : cases) EXPECT_EQ(shapeOf(c.line, EngineCustomization::usStandard()), c.want) << c.line;
+  for (const ShapeCase& c : rowsOf<ShapeCase>("Parsing/FunctionPassTests", "TakesBracketsOrTheOneValueBehindTheName"))
+    EXPECT_EQ(shapeOf(c.line, EngineCustomization::usStandard()), c.want) << c.line;
 }
 
 TEST(FunctionPass, WantsBracketsWhereTheHostAsksForThem) {
@@ -85,16 +68,8 @@ TEST(FunctionPass, ReadsFunctionsOfTheHost) {
   EngineCustomization customization = EngineCustomization::usStandard();
   customization.setJavaScriptFunctions(
       {TraditionalFunction{.name = "tripled", .implementation = "x => 3 * x"}, TraditionalFunction{.name = "boxM"}});
-  const auto cases = std::to_array<ShapeCase>({
-      // The argument of a script stays as it is.
-      {"1 + tripled(4)", "1 + call{tripled ( 4 )}"},
-      {"sqrt(tripled(4))", "call{sqrt arg{( call{tripled ( 4 )} )}}"},
-      // A name that ends in a scalar scales what stands before it.
-      {"12 boxM", "call{arg{12} boxM}"},
-      {"(12) boxM", "call{arg{( 12 )} boxM}"},
-      {"boxM (12)", "boxM ( 12 )"},
-  });
-  for (const ShapeCase& c : cases) EXPECT_EQ(shapeOf(c.line, customization), c.want) << c.line;
+  for (const ShapeCase& c : rowsOf<ShapeCase>("Parsing/FunctionPassTests", "ReadsFunctionsOfTheHost"))
+    EXPECT_EQ(shapeOf(c.line, customization), c.want) << c.line;
 }
 
 std::size_t nestingOf(const TokenList& list) {
@@ -136,16 +111,9 @@ TEST(FunctionPass, ReadsANameThatHasNothingToScaleAsAPlace) {
 }
 
 TEST(FunctionPass, LeavesTheValueToAPhraseThatBeginsWithTheName) {
-  const auto cases = std::to_array<ShapeCase>({
-      {"round 44.5 to nearest 10", "round 44.5 to nearest 10"},
-      {"1 + log 8 base 2", "1 + log 8 base 2"},
-      {"round (40 + 4.5) to nearest 10", "round arg{( 40 + 4.5 )} to nearest 10"},
-      {"log(sqrt(16)) base 2", "log arg{( call{sqrt arg{( 16 )}} )} base 2"},
-      // Half a phrase, or one that stands elsewhere, leaves the name a function.
-      {"round 44.5 to 10", "call{round arg{44.5}} to 10"},
-      {"abs 4 + round 44.5 to nearest 10", "call{abs arg{4}} + round 44.5 to nearest 10"},
-  });
-  for (const ShapeCase& c : cases) EXPECT_EQ(shapeOf(c.line, EngineCustomization::usStandard()), c.want) << c.line;
+  for (const ShapeCase& c :
+       rowsOf<ShapeCase>("Parsing/FunctionPassTests", "LeavesTheValueToAPhraseThatBeginsWithTheName"))
+    EXPECT_EQ(shapeOf(c.line, EngineCustomization::usStandard()), c.want) << c.line;
 }
 
 }  // namespace

@@ -11,9 +11,12 @@
 #include "TavrineCore/Parsing/Lexing/LetterNumberScanner.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
 #include "TavrineCore/Parsing/Lexing/StringLexing.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 char initialOf(LexemeType type) {
   switch (type) {
@@ -51,58 +54,7 @@ struct Case {
 };
 
 TEST(LexerTests, cutsLines) {
-  constexpr Case kCases[] = {
-      {"", ""},
-      {"1 + 2", "n:1|_: |s:+|_: |n:2"},
-      {"\t \r\n", "_:\t \r\n"},
-      // A separator belongs to a number only between its digits.
-      {"1,000.5", "n:1,000.5"},
-      {"1,000,", "n:1,000|s:,"},
-      {"1_000", "n:1_000"},
-      {"1.", "n:1|s:."},
-      {"1..5", "n:1|n:..5"},
-      {".5", "n:.5"},
-      {".", "s:."},
-      {", 5", "s:,|_: |n:5"},
-      {"1'000", "n:1'000"},
-      {"1'", "o:1|o:'"},
-      {"5½", "n:5½"},
-      // Words, and clusters that end in a digit.
-      {"x2", "c:x2"},
-      {"2x", "n:2|w:x"},
-      {"abc1", "c:abc1"},
-      {"a1b", "w:a1b"},
-      {"a.b", "w:a.b"},
-      {"a.", "w:a|s:."},
-      {"a.1", "w:a|n:.1"},
-      {"a1.5", "c:a1.5"},
-      {"a,1", "w:a|n:,1"},
-      {"it's", "w:it's"},
-      {"it'", "w:it'"},
-      {"it\u2019s", "w:it\u2019s"},
-      {"_a", "w:_a"},
-      {"#tag", "w:#tag"},
-      {"a#", "o:a|o:#"},
-      {"a'1", "o:a|o:'|n:1"},
-      // Symbols come one by one.
-      {"==", "s:=|s:="},
-      {"$5", "s:$|n:5"},
-      {"5°C", "n:5|s:°|w:C"},
-      {"5º", "n:5|s:º"},
-      {"a\\b", "w:a|s:\\|w:b"},
-      {"\x01", "o:\x01"},
-      // References to lines stand alone, so do emoji, with all they are made of.
-      {"\uE000+1", "o:\uE000|s:+|n:1"},
-      {"\u2460", "o:\u2460"},
-      {"5👨‍👩‍👧kg", "n:5|s:👨‍👩‍👧|w:kg"},
-      {"e\u0301t\u0301 1", "w:e\u0301t\u0301|_: |n:1"},
-      // A dot with a mark is no decimal point.
-      {"1.\u0301"
-       "5",
-       "n:1|s:.\u0301|n:5"},
-      {"長さ", "w:長さ"},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(dump(c.line), c.want) << c.line;
+  for (const Case& c : rowsOf<Case>("Parsing/LexerTests", "cutsLines")) EXPECT_EQ(dump(c.line), c.want) << c.line;
 }
 
 TEST(LexerTests, cutsChineseCharacterByCharacter) {
@@ -176,35 +128,8 @@ TEST(CharacterClassifierTests, classifies) {
     std::string_view character;
     CharacterType want;
   };
-  constexpr Row kRows[] = {
-      {"\u00A0", CharacterType::whitespace},
-      {"\u202F", CharacterType::whitespace},
-      {"\u200B", CharacterType::other},
-      {"²", CharacterType::number},
-      {"٣", CharacterType::number},
-      {"Ⅳ", CharacterType::number},
-      {"五", CharacterType::number},
-      {"米", CharacterType::letter},
-      {"ª", CharacterType::letter},
-      {"º", CharacterType::symbol},
-      {"°", CharacterType::symbol},
-      {"µ", CharacterType::letter},
-      {"π", CharacterType::letter},
-      {"€", CharacterType::symbol},
-      {"–", CharacterType::symbol},
-      {"¿", CharacterType::symbol},
-      {"’", CharacterType::apostrophe},
-      {"'", CharacterType::apostrophe},
-      {"\uE000", CharacterType::internalReference},
-      {"\uF800", CharacterType::internalReference},
-      {"\uF801", CharacterType::other},
-      {"㉑", CharacterType::internalReference},
-      {"①", CharacterType::internalReference},
-      {"\u0301", CharacterType::other},
-      {"#\uFE0F\u20E3", CharacterType::symbol},
-      {"", CharacterType::other},
-  };
-  for (const Row& row : kRows) EXPECT_EQ(CharacterClassifier::determineType(row.character), row.want) << row.character;
+  for (const Row& row : rowsOf<Row>("Parsing/LexerTests", "classifies"))
+    EXPECT_EQ(CharacterClassifier::determineType(row.character), row.want) << row.character;
   EXPECT_EQ(CharacterClassifier::determineType("米", true), CharacterType::hanzi);
   EXPECT_EQ(CharacterClassifier::determineType("五", true), CharacterType::hanzi);
   EXPECT_EQ(CharacterClassifier::determineType("①", true), CharacterType::internalReference);

@@ -19,6 +19,7 @@
 #include "TavrineCore/Parsing/Tokens/NumberMetadata.h"
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
+#include "Tests/Support/Table.h"
 #include "Tests/Support/Tiling.h"
 #include "Tests/Support/World.h"
 
@@ -115,17 +116,7 @@ void check(const Reader& reader, std::span<const Case> cases) {
 // --- Numbers of several lexemes -------------------------------------------------------------------------------------
 
 TEST(NumberPasses, GatherGroupsWhereTheLocaleGroupsByBlanks) {
-  constexpr Case kFrench[] = {
-      {"S3", "1 000 000", "1000000"},
-      {"S3", "1 000,5 + 2 000", "1000.5 _ + _ 2000"},
-      {"S3", " 1 000 ", "_ 1000 _"},
-      // Times stay times; what stands before the number at the colon is a group still.
-      {"S3", "12 30:00", "12 _ 30 colon 0"},
-      {"S3", "1 000 30:00", "1000 _ 30 colon 0"},
-      {"S3", "12:30 15", "12 colon 30 _ 15"},
-      {"S3", "12:30 15 20", "12 colon 30 _ 15 _ 20"},
-  };
-  check(Reader("fr_FR"), kFrench);
+  check(Reader("fr_FR"), rowsOf<Case>("Parsing/NumberPassTests", "GatherGroupsWhereTheLocaleGroupsByBlanks, french"));
   constexpr Case kEnglish[] = {{"S3", "1 000", "1 _ 0"}};
   check(Reader("en_US"), kEnglish);
 }
@@ -139,56 +130,9 @@ TEST(NumberPasses, ReportWhatCannotBeGatheredOncePerLine) {
   EXPECT_EQ(lines, std::vector<std::string>{"Failed to gather whitespace separated numbers in 1,5 2,5 x 3,5 4,5"});
 }
 
-constexpr Case kNumbers[] = {
-    // Fractions by a character of their own.
-    {"S2", "5 ½ + 1", "5.5 _ + _ 1"},
-    {"S2", "5½", "5.5"},
-    {"S2", "3 .5", "3.5"},
-    {"S2", "3 5", "3 _ 5"},
-    {"S2", "3 0", "3 _ 0"},
-
-    // A scalar has to stand directly behind its number.
-    {"S4", "5k + 2M", "5000 _ + _ 2000000"},
-    {"S4", "3G 4T 5K", "3000000000 _ 4000000000000 _ 5000"},
-    {"S4", "5 k", "5 _ unidentified"},
-    {"S4", "k 5", "scalar _ 5"},
-    {"S4", "(3)k", "bracket 3 bracket functionName"},
-    {"S4", "apple k", "unidentified _ unidentified"},
-
-    // Exponents.
-    {"S5", "2e5", "200000"},
-    {"S5", "2E5", "200000"},
-    {"S5", "2e+5 + 1", "200000 _ + _ 1"},
-    {"S5", "25e-2", "0.25"},
-    {"S5", "2e0.5", "6.324555320336759"},
-    {"S5", "2e", "2 unidentified"},
-    {"S5", "2 e5", "2 _ unidentified"},
-    {"S5", "2e -5", "2 unidentified _ - 5"},
-    {"S5", "2ex5", "2 unidentified"},
-    {"S5", "e5", "unidentified"},
-
-    // Other bases.
-    {"S6", "0b101 + 0xFF + 0o17", "binaryNumber(5) _ + _ hexadecimalNumber(255) _ + _ octalNumber(15)"},
-    {"S6", "0x1f", "hexadecimalNumber(31)"},
-    {"S6", "0xFFFF_FFFF_FFFF_FFFF", "hexadecimalNumber(18446744073709551615)"},
-    {"S6", "0x1_0000_0000_0000_0000", "0 unidentified"},
-    {"S6", "0xFF 5", "hexadecimalNumber(255) _ 5"},
-    {"S6", "0b12", "0 unidentified"},
-    {"S6", "0b", "0 unidentified"},
-    {"S6", "1xFF", "1 unidentified"},
-    {"S6", "00xFF", "0 unidentified"},
-
-    // Clusters whose parts mean something.
-    {"S10", "2x3x4", "2 x 3 x 4"},
-    {"S10", "2 x3", "2 _ x 3"},
-    {"S10", "2xx3", "2 x x 3"},
-    {"S10", "5 × pi2", "5 _ × _ 3.1415926535897932384626433832795028842 2"},
-    {"S10", "march5", "dateWord 5"},
-    {"S10", "C4 to F#3", "pitch _ converterSymbol _ pitch"},
-    {"S10", "abc2 h2m K2", "unidentified _ unit 2 unit _ unidentified"},
-};
-
-TEST(NumberPasses, MakeNumbersOfSeveralLexemes) { check(Reader("en_US"), kNumbers); }
+TEST(NumberPasses, MakeNumbersOfSeveralLexemes) {
+  check(Reader("en_US"), rowsOf<Case>("Parsing/NumberPassTests", "numbers"));
+}
 
 TEST(NumberPasses, LeaveWhatTheFlagsSwitchOff) {
   constexpr Case kNoOctal[] = {{"S6", "0o17 0xF", "0 unidentified _ hexadecimalNumber(15)"}};
@@ -231,66 +175,14 @@ TEST(NumberPasses, KeepTheTypedValueBesideTheScalar) {
 
 // --- Signs, percentages, pairs of numbers ---------------------------------------------------------------------------
 
-constexpr Case kGroups[] = {
-    {"G7", "to 2 dp", "converterSymbol _ dpSpecifier[2 _ typeName]"},
-    {"G7", "2 dp 3 dp", "dpSpecifier[2 _ typeName] _ dpSpecifier[3 _ typeName]"},
-    {"G7", "dp 2", "typeName _ 2"},
-
-    // A minus is a sign where there is nothing to subtract from.
-    {"G9", "-5", "-5"},
-    {"G9", "3 - -2", "3 _ - _ -2"},
-    {"G9", "3 -5", "3 _ - 5"},
-    {"G9", "3 * -5", "3 _ * _ -5"},
-    {"G9", "- 5", "- _ 5"},
-    {"G9", "-0", "- 0"},
-    {"G9", "--5", "- -5"},
-
-    {"G13", "10%", "percentage(0.1)"},
-    {"G13", "10 %", "percentage(0.1)"},
-    {"G13", "10 percent", "percentage(0.1)"},
-    {"G13", "2 percent 3 percent", "percentage(0.02) _ percentage(0.03)"},
-    {"G13", "5k%", "percentage(50)"},
-    {"G13", "-10%", "percentage(-0.1)"},
-    {"G13", "10 % (1+2)", "percentage(0.1) _ bracket 1 + 2 bracket"},
-    {"G13", "% 5", "percentageSymbol _ 5"},
-    // A number behind the sign makes it a modulo.
-    {"G13", "5 % 3", "5 _ percentageSymbol _ 3"},
-    {"G13", "5%3", "5 percentageSymbol 3"},
-    {"G13", "5 % 3 %", "percentage(0.05) _ percentage(0.03)"},
-    {"G13", "5% of 3", "percentage(0.05) _ prepositionWord _ 3"},
-    {"G22", "5 % 3", "5 _ % _ 3"},
-    {"G22", "(7)%(4)", "subexpression[bracket 7 bracket] % subexpression[bracket 4 bracket]"},
-    {"G22", "(5 % 3)", "subexpression[bracket 5 _ % _ 3 bracket]"},
-    {"G22", "% 5", "percentageSymbol _ 5"},
-
-    // Only numbers that touch the slash make a fraction, and not those that a power takes.
-    {"G26", "3/4", "fraction(0.75)"},
-    {"G26", "3 / 4", "3 _ / _ 4"},
-    {"G26", "2^1/3", "2 ^ 1 / 3"},
-    {"G26", "2*1/4", "2 * fraction(0.25)"},
-    {"G26", "3÷4", "3 ÷ 4"},
-    {"G26", "(1/2)", "subexpression[bracket fraction(0.5) bracket]"},
-    // From the end; where no phrase takes them, the clean-up takes them apart again.
-    {"G26", "8/4/2", "8 / fraction(2)"},
-    {"G26", "3 1/2", "3 _ fraction(0.5)"},
-    {"G26", "3/0", "fraction(NaN)"},
-    {"G26", "6 / 1/2", "6 _ / _ fraction(0.5)"},
-    // A resolution is looked for beside units alone.
-    {"G26", "1920x1080", "1920 x 1080"},
-};
-
-TEST(NumberPasses, GroupNumbersWithWhatStandsBesideThem) { check(Reader("en_US"), kGroups); }
+TEST(NumberPasses, GroupNumbersWithWhatStandsBesideThem) {
+  check(Reader("en_US"), rowsOf<Case>("Parsing/NumberPassTests", "groups"));
+}
 
 TEST(NumberPasses, TakeProductsForResolutionsWhereScreensAreUnderstood) {
-  const std::vector<Case> cases = {
-      {"", "1920x1080", "resolution[1920 x 1080]"},
-      {"", "1920 * 1080", "resolution[1920 _ * _ 1080]"},
-      {"", "2 x 3 x 4", "2 _ x _ resolution[3 _ x _ 4]"},
-      {"", "(2x3)", "subexpression[bracket resolution[2 x 3] bracket]"},
-      {"", "3/4", "3 / 4"},
-  };
   const Reader reader("en_US");
-  for (const Case& c : cases) EXPECT_EQ(dump(reader.withResolutions(c.line)), c.want) << c.line;
+  for (const Case& c : rowsOf<Case>("Parsing/NumberPassTests", "TakeProductsForResolutionsWhereScreensAreUnderstood"))
+    EXPECT_EQ(dump(reader.withResolutions(c.line)), c.want) << c.line;
   const Reader without("en_US", [](EngineFeatureFlags& flags) {
     flags.disabledFunctions.emplace().insert(FunctionIdentifier::screenDensity);
   });
@@ -317,27 +209,9 @@ TEST(NumberPasses, LoseNothingOfRandomLines) {
 
 // --- Number words ---------------------------------------------------------------------------------------------------
 
-constexpr Case kWords[] = {
-    {"G10", "five", "5"},
-    {"G10", "two hundred and five", "205"},
-    {"G10", "one hundred and twenty three", "123"},
-    {"G10", "5 hundred", "500"},
-    {"G10", "3 thousand + 1", "3000 _ + _ 1"},
-    {"G10", "2 dozen", "24"},
-    {"G10", "five and six hundred", "605"},
-    {"G10", "hundred 5", "100 _ 5"},
-    {"G10", "five + 2", "5 _ + _ 2"},
-    // Among words it is one.
-    {"G10", "five apples", "numberWord _ unidentified"},
-    {"G10", "apples five", "unidentified _ numberWord"},
-    {"G10", "five apples + 2", "numberWord _ unidentified _ + _ 2"},
-    {"G10", "five-star", "numberWord - unidentified"},
-    {"G10", "3 + five-star", "3 _ + _ numberWord - unidentified"},
-    {"G10", "apples and five", "unidentified _ conjunctionWord _ numberWord"},
-    {"G10", "Five AND 6", "5 _ conjunctionWord _ 6"},
-};
-
-TEST(NumberWords, CountWhereTheyMeanANumber) { check(Reader("en_US"), kWords); }
+TEST(NumberWords, CountWhereTheyMeanANumber) {
+  check(Reader("en_US"), rowsOf<Case>("Parsing/NumberPassTests", "words"));
+}
 
 TEST(NumberWords, AreReadInOtherLanguages) {
   constexpr Case kGerman[] = {{"G10", "zweihundert + fünf", "200 _ + _ 5"}};

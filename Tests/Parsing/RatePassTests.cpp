@@ -6,6 +6,7 @@
 
 #include "TavrineCore/Parsing/Helpers/RateExtractor.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -17,18 +18,8 @@ struct Case {
 
 TEST(RatePasses, RatesOfEachKind) {
   const LineReader reader;
-  const Case cases[] = {
-      {"5 / day", "rate[number.operator.unit]"},
-      {"$20/hour", "rate[unitExpression[unit number] operator unit]"},
-      {"5% / year", "rate[percentage[number percentageSymbol].operator.unit]"},
-      {"5 ripe apples / day", "rate[number.unidentified.unidentified.operator.unit]"},
-      {"apples / day", "unidentified.operator.unit"},
-      {"/ day", "operator.unit"},
-      {"20 km / 4 hours", "unitExpression[number.unit].operator.timespan[unitExpression[number.unit]]"},
-      {"5 / day / week", "rate[number.operator.unit].operator.unit"},
-      {"10 km a day", "rate[unitExpression[number.unit].operator.unit]"},
-  };
-  for (const auto& [line, shape] : cases) EXPECT_EQ(reader.shapeAfter("G14", line), shape) << line;
+  for (const auto& [line, shape] : rowsOf<Case>("Parsing/RatePassTests", "RatesOfEachKind"))
+    EXPECT_EQ(reader.shapeAfter("G14", line), shape) << line;
 }
 
 TEST(RatePasses, ValuesOfRates) {
@@ -63,21 +54,8 @@ TokenSubType subTypeOf(const LineReader& reader, std::string_view line) {
 
 TEST(RatePasses, PrepositionsBesideRates) {
   const LineReader reader;
-  const OperatorCase cases[] = {
-      {"100 km at 50 km/h", TokenSubType::divisionOperator},
-      {"100 miles at 50 km / hour", TokenSubType::divisionOperator},
-      {"2 hours at 50 km/h", TokenSubType::multiplicationOperator},
-      {"5 hours at $20 / hour", TokenSubType::multiplicationOperator},
-      {"$100 at $20 / hour", TokenSubType::divisionOperator},
-      {"$10 / hour for 5 hours", TokenSubType::multiplicationOperator},
-      {"60 mph for 2 hours", TokenSubType::multiplicationOperator},
-      {"5 apples at $3 / apple", TokenSubType::multiplicationOperator},
-      {"5 boxes at $3 / box", TokenSubType::multiplicationOperator},
-      {"5 pears at $3 / apple", TokenSubType::prepositionWordAt},
-      {"5 km at 3 kg", TokenSubType::prepositionWordAt},
-      {"5 at 3", TokenSubType::prepositionWordAt},
-  };
-  for (const auto& [line, expected] : cases) EXPECT_EQ(subTypeOf(reader, line), expected) << line;
+  for (const auto& [line, expected] : rowsOf<OperatorCase>("Parsing/RatePassTests", "PrepositionsBesideRates"))
+    EXPECT_EQ(subTypeOf(reader, line), expected) << line;
 }
 
 }  // namespace

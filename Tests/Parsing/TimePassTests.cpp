@@ -9,6 +9,7 @@
 
 #include "TavrineCore/Parsing/Tokens/DateMetadata.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -54,18 +55,8 @@ std::string timesIn(const TokenList& list) {
 
 TEST(TimePasses, ReadingsOfStopwatchesAndTimeCodes) {
   const LineReader reader;
-  const Case cases[] = {
-      {"3:45:32.431", "3:45:32.431"},
-      {"1:30:15:10", "1:30:15+10@24"},
-      {"1:30:15:10 + 0:00:01:00", "1:30:15+10@24, 0:0:1+0@24"},
-      {"0:75:00", "1:15:0"},
-      {"00:00:61.5", "0:1:1.5"},
-      {"3:45", ""},
-      {"3: 45: 32", ""},
-      {"1:2:3:4:5", "1:2:3+4@24"},
-      {"99999999999999999999:00:00", ""},
-  };
-  for (const auto& [line, expected] : cases) EXPECT_EQ(timesIn(reader.after("G4", line)), expected) << line;
+  for (const auto& [line, expected] : rowsOf<Case>("Parsing/TimePassTests", "ReadingsOfStopwatchesAndTimeCodes"))
+    EXPECT_EQ(timesIn(reader.after("G4", line)), expected) << line;
 }
 
 TEST(TimePasses, AVariableIsAPartOfAReading) {
@@ -76,36 +67,14 @@ TEST(TimePasses, AVariableIsAPartOfAReading) {
 
 TEST(TimePasses, DurationsOfAmounts) {
   const LineReader reader;
-  const Case cases[] = {
-      {"3 weeks", "3w"},
-      {"90 min", "90m"},
-      {"1.5 hours", "0w 0d 1h 30m 0s 0ns"},
-      {"2 workdays", "2wd"},
-      {"1k seconds", "1000s"},
-      {"1:30 hours", "1h 30m"},
-      {"Rest: 1:30 hours", "1h 30m"},
-      {"1:30 min", "1m 30s"},
-      {"1:30 days", ""},
-      {"1:30 km", ""},
-      {"5 km", ""},
-      {"5 ft 3 in", ""},
-      {"2 hours 5 min", "2h 5m"},
-      {"1.5 hours 10 min", "0w 0d 1h 40m 0s 0ns"},
-      {"3 weeks, 2 days and 1 hour", "3w 2d, 1h"},
-      {"1 h 20 min 15 s 10 frames", "1:20:15+10@24"},
-  };
-  for (const auto& [line, expected] : cases) EXPECT_EQ(timesIn(reader.after("G12", line)), expected) << line;
+  for (const auto& [line, expected] : rowsOf<Case>("Parsing/TimePassTests", "DurationsOfAmounts"))
+    EXPECT_EQ(timesIn(reader.after("G12", line)), expected) << line;
 }
 
 TEST(TimePasses, OnlyClockFormsAndCompoundsStayDurations) {
   const LineReader reader;
-  const Case cases[] = {
-      {"2 hours", "unitExpression[number.unit]"},
-      {"(2 hours)", "subexpression[bracket unitExpression[number.unit] bracket]"},
-      {"1:30 hours", "timespan[number colon unitExpression[number.unit]]"},
-      {"2 hours 5 min", "timespan[compoundUnitExpression[unitExpression[number.unit].unitExpression[number.unit]]]"},
-  };
-  for (const auto& [line, expected] : cases) EXPECT_EQ(reader.shapeAfter("G29", line), expected) << line;
+  for (const auto& [line, expected] : rowsOf<Case>("Parsing/TimePassTests", "OnlyClockFormsAndCompoundsStayDurations"))
+    EXPECT_EQ(reader.shapeAfter("G29", line), expected) << line;
 }
 
 }  // namespace

@@ -15,9 +15,12 @@
 #include "TavrineCore/Parsing/Tokens/TokenListEnumerationCounterComplainer.h"
 #include "TavrineCore/Parsing/Tokens/TokenTypeCache.h"
 #include "Tests/Parsing/TokenPrinting.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 /// Cuts a line into single characters: digits are numbers, letters words, "(" and ")" brackets, "f" and "j" the names
 /// of functions, "?" a question mark, the rest operators.
@@ -219,11 +222,7 @@ TEST(TokenListTests, tellsWhatALineRestsOn) {
   struct Row {
     std::string_view line, last, only, answers;
   };
-  constexpr Row kRows[] = {
-      {"", "", "", ""},    {"5", "5", "5", "5"},  {"a 5 b", "5", "5", "5"}, {"5+6", "6", "", "56"},
-      {"a b", "", "", ""}, {"5 C", "C", "", "5"}, {"(5)", "5", "5", "5"},   {"5!6", "6", "", "!"},
-  };
-  for (const Row& row : kRows) {
+  for (const Row& row : rowsOf<Row>("Parsing/TokenListTests", "tellsWhatALineRestsOn")) {
     const TokenList list = lineOf(row.line);
     const auto text = [](const Token* token) { return token != nullptr ? token->stringValue : ""; };
     EXPECT_EQ(text(list.lastMeaningfulToken()), row.last) << row.line;
@@ -390,20 +389,7 @@ TEST(TokenListTests, wrapsBrackets) {
   struct Row {
     std::string_view line, want;
   };
-  constexpr Row kRows[] = {
-      {"(1)", "<(|1|)>"},
-      {"1+(2-(3))*(4)", "1|+|<(|2|-|<(|3|)>|)>|*|<(|4|)>"},
-      {"(1+(2)", "(|1|+|<(|2|)>"},
-      {"1)(2", "1|)|(|2"},
-      {")(1)(", ")|<(|1|)>|("},
-      {"()", "<(|)>"},
-      // The brackets of a function are left to it; what is inside of them is not.
-      {"f(1)", "f|(|1|)"},
-      {"f (1+(2))", "f| |(|1|+|<(|2|)>|)"},
-      {"(j(1))", "<(|j|(|1|)|)>"},
-      {"(f(1)", "(|f|(|1|)"},
-  };
-  for (const Row& row : kRows) {
+  for (const Row& row : rowsOf<Row>("Parsing/TokenListTests", "wrapsBrackets")) {
     TokenList list = lineOf(row.line);
     list.wrapBracketsInSubexpressions();
     EXPECT_EQ(shapeOf(list), row.want) << row.line;

@@ -17,9 +17,12 @@
 #include "TavrineCore/Parsing/Tokens/UnitMetadata.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/TokenPrinting.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 Decimal dec(std::string_view text) { return Decimal::parse(text).value_or(Decimal::nan()); }
 
@@ -225,13 +228,7 @@ TEST(TokenValueTests, changesTheLocaleOfNumbers) {
     std::string_view text, from, to;
     std::optional<std::string> want;
   };
-  const Row rows[] = {
-      {"1.50", "en_US", "de_DE", "1,50"},        {"1,234.5", "en_US", "de_DE", "1234,5"},
-      {"1.234,50", "de_DE", "en_US", "1234.50"}, {"3.00", "en_US", "fr_FR", "3,00"},
-      {"100", "en_US", "de_DE", "100"},          {"-1_000.0", "en_US", "de_DE", "-1000,0"},
-      {"1 000", "en_US", "de_DE", "1000"},       {"5 ½", "en_US", "de_DE", std::nullopt},
-  };
-  for (const Row& row : rows) {
+  for (const Row& row : rowsOf<Row>("Parsing/TokenMetadataTests", "changesTheLocaleOfNumbers")) {
     Token token(TokenType::number, TokenSubType::positiveNumber, std::string(row.text), NSRange{2, 3}, nullptr,
                 std::make_shared<const NumberTokenMetadata>(1));
     const auto converted = token.convertedFrom(Locale(row.from), Locale(row.to));

@@ -11,9 +11,12 @@
 #include "Foundation/Decimal.h"
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitConversion.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using enum UnitIdentifier;
 
@@ -56,37 +59,10 @@ TEST(BuiltInUnitsTest, NamesTellSizes) {
   struct Prefix {
     std::string_view name, factor;
   };
-  constexpr Prefix kPrefixes[] = {
-      {"yotta", "1e24"},
-      {"zetta", "1e21"},
-      {"exa", "1e18"},
-      {"peta", "1e15"},
-      {"tera", "1e12"},
-      {"giga", "1e9"},
-      {"mega", "1e6"},
-      {"kilo", "1e3"},
-      {"hecto", "1e2"},
-      {"deca", "1e1"},
-      {"deci", "1e-1"},
-      {"centi", "1e-2"},
-      {"milli", "1e-3"},
-      {"micro", "1e-6"},
-      {"nano", "1e-9"},
-      {"pico", "1e-12"},
-      {"femto", "1e-15"},
-      {"kibi", "1024"},
-      {"mebi", "1048576"},
-      {"gibi", "1073741824"},
-      {"tebi", "1099511627776"},
-      {"pebi", "1125899906842624"},
-      {"exbi", "1152921504606846976"},
-      {"zebi", "1180591620717411303424"},
-      {"yobi", "1208925819614629174706176"},
-  };
   int compared = 0;
   for (const UnitIdentifier identifier : allIdentifiers()) {
     const std::string_view name = toString(identifier);
-    for (const auto& [prefix, factor] : kPrefixes) {
+    for (const auto& [prefix, factor] : rowsOf<Prefix>("Parsing/UnitModelTests", "NamesTellSizes, prefixes")) {
       if (!name.starts_with(prefix)) continue;
       const std::optional<UnitIdentifier> plain = unitIdentifierNamed(name.substr(prefix.size()));
       if (!plain) continue;
@@ -149,61 +125,7 @@ TEST(UnitConversionTest, KnownValues) {
     UnitIdentifier from, into;
     std::string_view want;
   };
-  constexpr Case kCases[] = {
-      {"1", miles, kilometers, "1.609344"},
-      {"1", feet, inches, "12"},
-      {"1", em, pixel, "16"},
-      {"3", pixel, point, "2.25"},
-      {"1", acres, squareFeet, "43560"},
-      {"1", hectares, ares, "100"},
-      {"1", stones, pounds, "14"},
-      {"1", pounds, ounces, "16"},
-      {"5", carats, grams, "1"},
-      {"36", kilometersPerHour, metersPerSecond, "10"},
-      {"1", kilowattHours, megajoules, "3.6"},
-      {"1", kilocalories, joules, "4184"},
-      {"1", atmospheres, hectopascals, "1013.25"},
-      {"1", milliampereHours, coulombs, "3.6"},
-      {"360", degrees, gradians, "400"},
-      {"60", arcMinutes, degrees, "1"},
-      {"3600", arcSeconds, degrees, "1"},
-      // Both constants are long; the rounding takes their noise away.
-      {"0", celsius, fahrenheit, "32"},
-      {"100", celsius, fahrenheit, "212"},
-      {"-40", fahrenheit, celsius, "-40"},
-      {"0", kelvin, celsius, "-273.15"},
-      // Five workdays make a week; months and years are mean ones.
-      {"5", weekdays, weeks, "1"},
-      {"1", months, days, "30.436875"},
-      {"1", years, months, "12"},
-      // Kitchen units are rounded to 6 places, liters are not.
-      {"1", cups, pints, "0.5"},
-      {"1", bushels, pints, "74.473483"},
-      {"1", liters, fluidOunces, "33.814023"},
-      {"1", fluidOunces, milliliters, "29.5735295625"},
-      {"1", liters, cubicCentimeters, "1000"},
-      {"1", metricTablespoons, metricTeaspoons, "3"},
-      {"1", bytes, bits, "8"},
-      {"1", gigabits, megabytes, "125"},
-      {"1", gibibytes, mebibytes, "1024"},
-      {"1", yobibytes, bytes, "1208925819614629174706176"},
-      {"1", mebibitsPerSecond, bytesPerSecond, "131072"},
-      {"1", milligramsPerDeciliter, gramsPerLiter, "0.01"},
-      {"10", newtonMeters, joules, "10"},
-      {"2", kilojoules, newtonMeters, "2000"},
-      // Reciprocals.
-      {"10", kilometersPerLiter, litersPer100Kilometers, "10"},
-      {"2", litersPerKilometer, kilometersPerLiter, "0.5"},
-      {"2", kilohertz, milliseconds, "0.5"},
-      {"1", minutes, millihertz, "16.666666666666666666666666666666666667"},
-      {"4", ohms, siemens, "0.25"},
-      // Turns per time.
-      {"60", revolutionsPerMinute, hertz, "1"},
-      {"90", revolutionsPerMinute, millihertz, "1500"},
-      {"3", kilohertz, revolutionsPerSecond, "3000"},
-      {"1", radiansPerSecond, hertz, "0.15915494309189533576888376337251436203"},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/UnitModelTests", "KnownValues")) {
     const std::optional<UnitExpression> result = to({decimal(c.value), unitOf(c.from)}, unitOf(c.into));
     ASSERT_TRUE(result) << toString(c.from) << " to " << toString(c.into);
     EXPECT_EQ(result->unit, unitOf(c.into));

@@ -8,9 +8,12 @@
 #include "TavrineCore/Parsing/Primitives/BuiltInUnits.h"
 #include "TavrineCore/Parsing/Primitives/UnitConversion.h"
 #include "TavrineCore/Parsing/Primitives/UnitRelations.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using enum UnitIdentifier;
 
@@ -72,19 +75,7 @@ TEST(UnitRelationsTest, Products) {
     UnitIdentifier unit1, unit2;
     std::optional<UnitIdentifier> want;
   };
-  constexpr Case kCases[] = {
-      {meters, meters, squareMeters},
-      {feet, squareFeet, cubicFeet},
-      {ohms, amperes, volts},
-      {inches, ppi, pixel},
-      {seconds, megabitsPerSecond, megabits},
-      // What is left to the base units has no product of its own.
-      {kilometers, meters, std::nullopt},
-      {yards, yards, std::nullopt},
-      {meters, seconds, std::nullopt},
-      {squareMeters, squareMeters, std::nullopt},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/UnitRelationsTests", "Products")) {
     EXPECT_EQ(nameOf(UnitRelations::productUnitFor(unitOf(c.unit1), unitOf(c.unit2))), c.want)
         << toString(c.unit1) << " * " << toString(c.unit2);
   }
@@ -105,12 +96,7 @@ TEST(UnitRelationsTest, Roots) {
     UnitIdentifier unit;
     std::optional<UnitIdentifier> square, cube;
   };
-  constexpr Case kCases[] = {
-      {squareMeters, meters, std::nullopt},  {cubicMeters, std::nullopt, meters},  {squareMiles, miles, std::nullopt},
-      {cubicInches, std::nullopt, inches},   {acres, std::nullopt, std::nullopt},  {liters, std::nullopt, std::nullopt},
-      {newtons, std::nullopt, std::nullopt}, {meters, std::nullopt, std::nullopt},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/UnitRelationsTests", "Roots")) {
     EXPECT_EQ(nameOf(UnitRelations::squareRootUnitFor(unitOf(c.unit))), c.square) << toString(c.unit);
     EXPECT_EQ(nameOf(UnitRelations::cubeRootUnitFor(unitOf(c.unit))), c.cube) << toString(c.unit);
   }
@@ -122,25 +108,7 @@ TEST(UnitRelationsTest, QuotientsThatAreQuantities) {
     std::optional<UnitIdentifier> want;
     bool convertToBase = false;
   };
-  constexpr Case kCases[] = {
-      {squareMeters, meters, meters},
-      {cubicFeet, squareFeet, feet},
-      {squareYards, feet, meters, true},
-      {kilowattHours, hours, kilowatts},
-      {kilowattHours, minutes, watts, true},
-      {watts, amperes, volts},
-      {coulombs, seconds, amperes},
-      {webers, seconds, std::nullopt},
-      {miles, milesPerHour, hours},
-      {gigabytes, gigabytesPerSecond, seconds},
-      {gigabytes, megabitsPerSecond, seconds, true},
-      // A progress, not a length.
-      {squareMeters, seconds, std::nullopt},
-      {meters, seconds, std::nullopt},
-      {pixel, inches, ppi},
-      {pixel, feet, std::nullopt},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/UnitRelationsTests", "QuotientsThatAreQuantities")) {
     const auto quotient = UnitRelations::formUnitExpressionInDivision(unitOf(c.numerator), unitOf(c.denominator));
     ASSERT_EQ(quotient.has_value(), c.want.has_value()) << toString(c.numerator) << '/' << toString(c.denominator);
     if (!quotient) continue;
@@ -157,18 +125,7 @@ TEST(UnitRelationsTest, QuotientsThatAreRates) {
     bool convertToBase = false;
     std::optional<UnitIdentifier> preferred = std::nullopt;
   };
-  constexpr Case kCases[] = {
-      {meters, squareMeters, true, meters},
-      {meters, squareFeet, true, meters, true, feet},
-      {feet, cubicMeters, true, squareMeters, true, squareMeters},
-      {seconds, coulombs, true, amperes},
-      {volts, watts, true, amperes},
-      // Other than a factor of square yards, a yard has no table to be found in.
-      {yards, squareYards, false, meters, true},
-      {squareMeters, meters, false, std::nullopt},
-      {seconds, squareMeters, false, std::nullopt},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/UnitRelationsTests", "QuotientsThatAreRates")) {
     const TCUnit& numerator = unitOf(c.numerator);
     const TCUnit& denominator = unitOf(c.denominator);
     EXPECT_EQ(UnitRelations::unitsCancel(numerator, denominator), c.cancel) << toString(c.numerator);

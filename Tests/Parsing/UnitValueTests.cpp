@@ -17,9 +17,12 @@
 #include "TavrineCore/Parsing/Primitives/UnitIdentifier.h"
 #include "TavrineCore/Parsing/Primitives/UnitType.h"
 #include "TavrineCore/Parsing/Tokens/TokenType.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 TCUnit::Record record(std::string symbol, Decimal coefficient, UnitIdentifier identifier = UnitIdentifier::undefined,
                       UnitType type = UnitType::other) {
@@ -144,35 +147,8 @@ TEST(UnitFamiliesTest, AMotherStandsForHerFamilyAndForNothingElse) {
   struct Case {
     UnitIdentifier identifier, want;
   };
-  constexpr Case kCases[] = {
-      {kilometers, meters},
-      {hectokilometers, meters},
-      {miles, feet},
-      {lightyears, lightyears},
-      {picoseconds, seconds},
-      {weekdays, seconds},
-      {kilograms, grams},
-      {metricTons, metricTons},
-      {squareMiles, squareFeet},
-      {squareDecimeters, squareDecimeters},
-      {megawatts, megawatts},
-      {femtowatts, watts},
-      {horsepower, horsepower},
-      {milliliters, liters},
-      {cubicDecimeters, cubicDecimeters},
-      {coulombs, coulombs},
-      {milliampereHours, ampereHours},
-      {nibbles, nibbles},
-      {gibibytes, bytes},
-      {megabits, bits},
-      {yobibitsPerSecond, bitsPerSecond},
-      {gigawattHours, wattSeconds},
-      {currencySatoshi, currencyBTC},
-      {framesPerSecond, hertz},
-      {knots, knots},
-      {undefined, undefined},
-  };
-  for (const Case& c : kCases) EXPECT_EQ(motherUnitIdentifierOf(c.identifier), c.want) << toString(c.identifier);
+  for (const Case& c : rowsOf<Case>("Parsing/UnitValueTests", "AMotherStandsForHerFamilyAndForNothingElse"))
+    EXPECT_EQ(motherUnitIdentifierOf(c.identifier), c.want) << toString(c.identifier);
 }
 
 TEST(UnitFamiliesTest, UnitsCountPartsOfADate) {

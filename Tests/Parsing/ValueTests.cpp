@@ -15,9 +15,12 @@
 #include "TavrineCore/Parsing/Primitives/Pitch.h"
 #include "TavrineCore/Parsing/Primitives/Resolution.h"
 #include "TavrineCore/Parsing/Primitives/SIThreshold.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 Decimal dec(std::string_view text) { return Decimal::parse(text).value(); }
 
@@ -38,21 +41,7 @@ TEST(PitchTest, FrequenciesFollowEqualTemperament) {
     std::string_view notation;
     std::string_view want;  // hertz, rounded to 6 places
   };
-  constexpr Case kCases[] = {
-      {"A4", "440"},
-      // Whole octaves are exact, in both directions.
-      {"A5", "880"},
-      {"A0", "27.5"},
-      {"C4", "261.625565"},
-      {"B4", "493.883301"},
-      {"G9", "12543.853951"},
-      // One key, two names, also across the border of the octave.
-      {"A#3", "233.081881"},
-      {"Bb3", "233.081881"},
-      {"B#3", "261.625565"},
-      {"Cb4", "246.941651"},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/ValueTests", "FrequenciesFollowEqualTemperament")) {
     const Decimal frequency = Pitch::frequencyFor(Pitch::fromNotation(c.notation).value());
     EXPECT_EQ(frequency.rounded(6, RoundingMode::plain), dec(c.want)) << c.notation;
   }
@@ -65,11 +54,7 @@ TEST(MidiNumberTest, TakesTheNearestKeyWithinTheKeyboard) {
     std::string_view frequency;
     std::optional<int> want;
   };
-  const Case cases[] = {
-      {"440", 69}, {"261.63", 60}, {"450", 69},  {"453", 70},       {"26", 20},    {"25.999", {}},
-      {"25", {}},  {"0", {}},      {"-440", {}}, {"12543.85", 127}, {"13000", {}}, {"1e120", {}},
-  };
-  for (const Case& c : cases) {
+  for (const Case& c : rowsOf<Case>("Parsing/ValueTests", "TakesTheNearestKeyWithinTheKeyboard")) {
     const std::optional<MidiNumber> key = MidiNumber::fromFrequency(dec(c.frequency));
     EXPECT_EQ(key ? std::optional(key->number) : std::nullopt, c.want) << c.frequency;
   }
@@ -108,15 +93,7 @@ TEST(DegreesMinutesSecondsTest, GoesToDegreesAndBack) {
   struct Case {
     std::string_view decimal, degrees, minutes, seconds;
   };
-  constexpr Case kCases[] = {
-      {"48.5", "48", "30", "0"},
-      {"0.01", "0", "0", "36"},
-      {"2.5125", "2", "30", "45"},
-      {"0", "0", "0", "0"},
-      // Degrees are rounded down, so that what is left is never negative.
-      {"-0.25", "-1", "45", "0"},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/ValueTests", "GoesToDegreesAndBack")) {
     const DegreesMinutesSeconds dms = DegreesMinutesSeconds::fromDecimal(dec(c.decimal));
     EXPECT_EQ(dms, angle(c.degrees, c.minutes, c.seconds)) << c.decimal;
     EXPECT_EQ(dms.decimalDegrees(), dec(c.decimal));
@@ -177,13 +154,7 @@ TEST(SIThresholdTest, RawValuesArePowersOfTen) {
     SIThreshold threshold;
     std::string_view want;
   };
-  constexpr Case kCases[] = {
-      {SIThreshold::pentillion, "1e27"},  {SIThreshold::septillion, "1e24"},  {SIThreshold::sextillion, "1e21"},
-      {SIThreshold::quintillion, "1e18"}, {SIThreshold::quadrillion, "1e15"}, {SIThreshold::trillion, "1e12"},
-      {SIThreshold::billion, "1e9"},      {SIThreshold::million, "1e6"},      {SIThreshold::hundredThousand, "1e5"},
-      {SIThreshold::thousand, "1e3"},
-  };
-  for (const Case& c : kCases) {
+  for (const Case& c : rowsOf<Case>("Parsing/ValueTests", "RawValuesArePowersOfTen")) {
     EXPECT_EQ(valueOf(c.threshold), dec(c.want)) << toString(c.threshold);
     EXPECT_EQ(siThresholdFromRawValue(rawValueOf(c.threshold)), c.threshold);
   }

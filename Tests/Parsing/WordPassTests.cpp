@@ -9,6 +9,7 @@
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -45,10 +46,7 @@ TEST(WordPasses, JoinOperatorsOfSeveralCharacters) {
     EXPECT_TRUE(list[2].is(TokenType::operator_, want)) << line;
   }
   // Blanks part them, and nothing is left over or taken twice.
-  check(reader, std::vector<Case>{{"S12", "2 * * 3", "number.operator.operator.number"},
-                                  {"S12", "2***3", "number operator operator number"},
-                                  {"S12", "x = = 3", "operator.equals.equals.number"},
-                                  {"S12", "a === b", "grammerArticleWord.equals operator.unidentified"}});
+  check(reader, rowsOf<Case>("Parsing/WordPassTests", "JoinOperatorsOfSeveralCharacters"));
 }
 
 TEST(WordPasses, ReadConjunctionsByTheLine) {
@@ -67,24 +65,7 @@ TEST(WordPasses, WrapComments) {
   EXPECT_EQ(plain.shape("5 // 2"), "number.operator operator.number");
   EXPECT_EQ(plain.shape("(some words) 5"), "subexpression[bracket wordComment.wordComment bracket].number");
   const LineReader reader(allComments);
-  check(reader, std::vector<Case>{
-                    {"G1", "5 // 2 ", "number.slashComment[operator operator.number]."},
-                    {"G1", "5 // 2 // 3", "number.slashComment[operator operator.number.operator operator.number]"},
-                    {"G1", "5 //2", "number.operator operator number"},
-                    {"G1", "y:// b", "unidentified colon operator operator.unidentified"},
-                    {"G18", "\"a\" \"b\" \"",
-                     "legacyQuotationComment[quotationMark grammerArticleWord quotationMark]."
-                     "legacyQuotationComment[quotationMark wordComment quotationMark]."
-                     "quotationMark"},
-                    {"L1", "#food ## 5", "hashtag.hash.number"},
-                    {"L1", "(b, c) 5", "bracketComment.number"},
-                    {"L1", "2 * (b)", "number.operator.bracketComment"},
-                    {"L1", "2 * (b 5)", "number.operator.subexpression[bracket wordComment.number bracket]"},
-                    {"L1", "(b 5)", "bracketComment"},
-                    {"L1", "(b 5) ^ 2", "subexpression[bracket wordComment.number bracket].operator.number"},
-                    {"L1", "(5)", "subexpression[bracket number bracket]"},
-                    {"L1", "(1 + 5 b)", "subexpression[bracket number.operator.number.wordComment bracket]"},
-                });
+  check(reader, rowsOf<Case>("Parsing/WordPassTests", "WrapComments"));
   const TokenList list = reader.after("G18", "\"a note\" 5");
   EXPECT_EQ(list[0].metadataAs<QuotationCommentTokenMetadata>()->stringValue, "a note");
 }
@@ -101,29 +82,14 @@ TEST(WordPasses, KnowTagsWithoutTheirHash) {
 }
 
 TEST(WordPasses, WrapLabels) {
-  check(LineReader(), std::vector<Case>{{"G2", "12:30", "number colon number"},
-                                        {"G2", "Item 12: 30", "unidentified.label[number colon].number"},
-                                        {"G2", "Rent:500", "label[unidentified colon] number"},
-                                        {"G2", "Rent : 500", "label[unidentified.colon].number"},
-                                        {"G2", ": 5", "colon.number"},
-                                        {"G2", "a::5", "grammerArticleWord label[colon colon] number"}});
+  check(LineReader(), rowsOf<Case>("Parsing/WordPassTests", "WrapLabels"));
   check(LineReader(allComments),
         std::vector<Case>{{"G36", "Monthly rent: 500", "labelExpression[wordComment.label[unidentified colon]].number"},
                           {"G36", " 5 apples: 3", ".labelExpression[number.label[unidentified colon]].number"},
                           {"G36", ")a: 3", "bracket label[grammerArticleWord colon].number"}});
 }
 
-TEST(WordPasses, WrapLists) {
-  check(LineReader(), std::vector<Case>{{"G24", "total of 1, 2 and 3 ",
-                                         "statisticType.prepositionWord.list[number comma.number."
-                                         "conjunctionWord.number]."},
-                                        {"G24", "total of 1", "statisticType.prepositionWord.number"},
-                                        {"G24", "of 1, 2", "prepositionWord.number comma.number"},
-                                        {"G24", "with 1, 2", "prepositionWord.list[number comma.number]"},
-                                        {"G24", "(total 1, 2) + 3",
-                                         "subexpression[bracket statisticType.list[number comma.number] "
-                                         "bracket].operator.number"}});
-}
+TEST(WordPasses, WrapLists) { check(LineReader(), rowsOf<Case>("Parsing/WordPassTests", "WrapLists")); }
 
 TEST(WordPasses, WrapConverters) {
   const LineReader reader;
