@@ -15,8 +15,9 @@ void visit(EditableTokenList& list, const TokenTypeSet& types, const Token* pare
   std::size_t index = list.count();
   while (index > 0) {
     --index;
-    const TokenListRef inside = list[index].subtokens;
-    if (inside && inside->typesEverPresentAtAnyDepth().containsTypesFrom(types)) {
+    const TokenList* const subtokens = list[index].subtokens.get();
+    if (subtokens != nullptr && subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types)) {
+      const TokenListRef inside = list[index].subtokens;  // an edit may replace the token that holds it
       EditableTokenList sublist(*inside);
       visit(sublist, types, &list[index], block);
       if (sublist.isEdited()) {

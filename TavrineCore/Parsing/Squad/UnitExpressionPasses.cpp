@@ -92,19 +92,20 @@ bool isDividedByUnit(const TokenList& list, std::size_t index) {
          isAt(list, after(list, *stroke), TokenType::unit);
 }
 
-/// The first token of the shape that ends at the index.
+/// The first token of the shape whose last one stands at the index.
 std::optional<std::size_t> startOf(Shape shape, const TokenList& list, std::size_t last) {
   const std::size_t distance = shape.blankBetween ? 2 : 1;
   if (last < distance) return std::nullopt;
   const std::size_t first = last - distance;
-  if (!list[last].is(shape.unitComesFirst ? TokenType::number : TokenType::unit)) return std::nullopt;
   if (!list[first].is(shape.unitComesFirst ? TokenType::unit : TokenType::number)) return std::nullopt;
   if (shape.blankBetween && !list[last - 1].is(TokenType::whitespace)) return std::nullopt;
   return first;
 }
 
 void wrapAmounts(TokenList& list, Shape shape) {
+  const TokenType typeOfLast = shape.unitComesFirst ? TokenType::number : TokenType::unit;
   for (std::size_t i = list.count(); i-- > 0;) {
+    if (!list[i].is(typeOfLast)) continue;
     const auto start = startOf(shape, list, i);
     if (!start) continue;
     const std::size_t unit = shape.unitComesFirst ? *start : i;
