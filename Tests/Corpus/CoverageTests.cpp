@@ -4,7 +4,6 @@
 #include <fstream>
 #include <memory>
 #include <set>
-#include <sstream>
 #include <string>
 
 #include "Foundation/Environment.h"

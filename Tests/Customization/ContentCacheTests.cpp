@@ -20,9 +20,12 @@
 #include "TavrineCore/Parsing/Primitives/Holiday.h"
 #include "TavrineCore/Utility/Lazy.h"
 #include "Tests/Customization/CustomizationTestSupport.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
+
+using testing::rowsOf;
 
 using testing::environmentIn;
 
@@ -226,7 +229,7 @@ TEST(LocaleMetadata, OnlyTheUnitedStatesPutTheMonthFirst) {
     std::string_view locale;
     bool monthFirst;
   };
-  for (const Case& c : {Case{"en_US", true}, {"en_GB", false}, {"de_DE", false}, {"ja_JP", false}, {"es_MX", false}}) {
+  for (const Case& c : rowsOf<Case>("Customization/ContentCacheTests", "OnlyTheUnitedStatesPutTheMonthFirst")) {
     EXPECT_EQ(LocaleMetadata(Locale(c.locale)).usesUnitedStatesDateFormat, c.monthFirst) << c.locale;
   }
 }

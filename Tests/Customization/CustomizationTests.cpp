@@ -196,23 +196,6 @@ TEST(TraditionalFunctionList, HostFunctionsStandBesideAndInFrontOfTheStandardOne
   EXPECT_EQ(list.traditionalFunctions().size(), TraditionalFunctionList::standardFunctionNames.size() + 2);
 }
 
-TEST(FeatureFlags, Defaults) {
-  const EngineFeatureFlags flags;
-  EXPECT_TRUE(flags.quotationMarkComments());
-  EXPECT_FALSE(flags.bracketComments() || flags.slashComments() || flags.labelComments() || flags.hashTags());
-  EXPECT_EQ(flags.additionalOptions, AdditionalOptions{});
-  EXPECT_TRUE(flags.allowMisplacedThousandsSeparators());
-  EXPECT_TRUE(flags.preferActiveTimeZoneAbbreviations());
-  EXPECT_FALSE(CommentingOptions::none().quotationMarkComments);
-  EXPECT_TRUE(CommentingOptions::all().hashTags);
-
-  EngineFeatureFlags strict;
-  strict.misplacedThousandsSeparatorBehavior = MisplacedThousandsSeparatorBehavior::interpretAsDecimalPoint;
-  strict.timezoneCodeAutocorrectionBehavior = TimezoneCodeCorrectionBehavior::onlyNonSummerCodes;
-  EXPECT_FALSE(strict.allowMisplacedThousandsSeparators());
-  EXPECT_FALSE(strict.preferActiveTimeZoneAbbreviations());
-}
-
 TEST(FeatureFlags, LegacyFeatureSetLeavesTheRestAlone) {
   EngineFeatureFlags flags;
   flags.variableDeclarations = true;

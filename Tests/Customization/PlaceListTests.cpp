@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,12 +12,14 @@
 #include "TavrineCore/Customization/Places/PlaceList.h"
 #include "TavrineCore/Customization/Places/PlaceRows.h"
 #include "TavrineCore/Parsing/Lexing/Lexer.h"
+#include "Tests/Customization/CustomizationTestSupport.h"
 #include "Tests/Support/Table.h"
 
 namespace tavrine {
 namespace {
 
 using testing::rowsOf;
+using testing::wordsOf;
 
 std::vector<std::string> lexemesOf(std::string_view text) {
   std::vector<std::string> result;
@@ -122,57 +123,8 @@ TEST(PlaceListTest, NamesAndTheirZones) {
 
 TEST(PlaceListTest, OrdinaryWordsAreNoPlaces) {
   // What people write around sums; a word that is a place as well has to be told from it by its looks.
-  constexpr std::string_view kWords =
-      "a about above account act add after again age ago air all almost also always am amount an and animal answer any "
-      "apple april are area arm art as ask at august average away back bad bag balance ball bank bar base bath be bean "
-      "bed before begin below best better between big bill bit black blue board boat body book both bottle bottom box "
-      "boy bread break bring brother brown budget build bus business but butter buy by cake call can car card care "
-      "cash "
-      "cat change charge cheap check cheese child city class clean clear clock close cloth coat coffee cold come cook "
-      "corn cost count country course cover cow credit cross cup cut daily dance dark date day deal dear debt december "
-      "deep deposit desk did dinner discount do doctor dog door double down draw dress drink drive dry due each early "
-      "earn earth east easy eat egg eight electricity eleven end energy enough even evening every expense eye face "
-      "fact "
-      "fall family far farm fast father fee feel few fifty fill final find fine fire first fish five fix flat flight "
-      "floor flour flower food foot for form forty found four free friday friend from front fruit fuel full game "
-      "garden "
-      "gas get gift girl give glass go gold good grand grass great green grocery groceries gross ground group grow "
-      "half "
-      "hand hard has hat have he head hear heart heat heavy her here high him his hold holiday home hope horse "
-      "hospital "
-      "hot hotel hour house how hundred i ice idea if in income inside insurance interest internet into invest iron is "
-      "it item january job juice july june just keep kid kind king kitchen know lamp land large last late later law "
-      "learn left leg lend less let letter light like line list little loan local long look lose lot loud love low "
-      "lunch made mail main make man many march mark market may me meal mean meat meet milk mine minute money month "
-      "more morning mortgage most mother mountain mouth move much music must my name near need net never new next "
-      "night "
-      "nine no noon north nose not note november now nurse object october of off offer office oil old on once one "
-      "onion "
-      "only open or orange order other our out oven over own page paint pair paper parent park part party pay payment "
-      "pen people per percent person petrol phone picture piece plan plane plant plate play please plus point pool "
-      "poor "
-      "post potato pound power present price profit project public pull push put quarter quick quiet rain rate reach "
-      "read ready real red refund remaining rent repair rest result rice rich ride right ring river road room round "
-      "run "
-      "sad salary sale salt same saturday save savings say school score sea second see sell send september set seven "
-      "shall share she ship shirt shoe shop short should show shower side sign silver simple since sister sit six "
-      "sixty "
-      "size skin sleep slow small snow so soap soft sold some son song soon sort sound soup south spend spent split "
-      "spoon spring square stairs stamp stand star start state stay step stock stone stop store story street strong "
-      "student subscription sugar sum summer sun sunday supper sure sweet table take talk tall target tax tea teach "
-      "team tell ten thank that the their them then there these they thick thin thing think third thirty this thousand "
-      "three thursday ticket time tip tire to today together tomorrow tonight too top total touch tour towel town toy "
-      "train travel tree trip truck true try tuesday turn twelve twenty two under until up us use utilities vacation "
-      "value van very visit voice wait walk wall want war warm was wash watch water way we wear wednesday week weight "
-      "well were west wet what wheel when where which white who why wide wife will win wind window wine winter wish "
-      "with without woman wood word work world would write wrong yard year yellow yes yesterday yet you young your "
-      "zero";
   const PlaceList places = PlaceList::standard();
-  std::size_t start = 0;
-  while (start < kWords.size()) {
-    const std::size_t end = std::min(kWords.find(' ', start), kWords.size());
-    const std::string_view word = kWords.substr(start, end - start);
-    start = end + 1;
+  for (const std::string_view word : wordsOf("Customization/PlaceListTests", "OrdinaryWordsAreNoPlaces")) {
     if (places.isOrdinaryWord(word)) continue;
     EXPECT_FALSE(places.placeFor(word)) << word;
     EXPECT_FALSE(AirportsList::runQuery(word)) << word;

@@ -1,8 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <optional>
-#include <string>
-
 #include "Foundation/Decimal.h"
 #include "Foundation/TimeZone.h"
 #include "TavrineCore/Customization/Places/Place.h"

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "Foundation/Environment.h"
 #include "TavrineCore/Evaluation/PostEvaluation/AutomaticResultConverter.h"

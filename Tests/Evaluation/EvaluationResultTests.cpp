@@ -2,7 +2,6 @@
 
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "Foundation/Decimal.h"
@@ -52,39 +51,6 @@ TEST(EvaluationResultTests, CopiesShareAndMovesLeaveNothing) {
   EXPECT_EQ(third, second);
   EXPECT_TRUE(first.is(Case::none));
   EXPECT_EQ(second.as<Case::decimal>(), nullptr);
-}
-
-TEST(EvaluationResultTests, NumbersAndTexts) {
-  Variable named("x", std::nullopt, Variable::VariableType::local);
-  Variable withValue = named;
-  withValue.definition = std::make_shared<const Result>(Result::boolean(true));
-
-  struct {
-    Result result;
-    std::optional<std::string_view> number, text;
-  } const rows[] = {
-      {Result::decimal(dec("0.5")), "0.5", "0.5"},
-      {Result::percentage(Percentage{dec("0.2")}), "0.2", "0.2"},
-      {Result::multiplier(Multiplier{2}), "2", "2x"},
-      {Result::hex(0xFFFFFFFFFFFFFFFF), "18446744073709551615", "18446744073709551615"},
-      {Result::boolean(false), std::nullopt, "false"},
-      {Result::pitch(Pitch{}), "69", "A4"},
-      {Result::error(EvaluationError::DivideByZero), std::nullopt, "Error: divide by zero"},
-      {Result::rawString("text"), std::nullopt, "text"},
-      {Result::unit(unit()), std::nullopt, "m"},
-      {Result::variable(named), std::nullopt, "x"},
-      {Result::variable(withValue), std::nullopt, "true"},
-      {Result::pending(), std::nullopt, std::nullopt},
-      {Result::none(), std::nullopt, std::nullopt},
-  };
-  for (const auto& row : rows) {
-    const std::optional<Decimal> number = row.result.decimalValue();
-    EXPECT_EQ(number.has_value(), row.number.has_value()) << toString(row.result.kind());
-    if (number && row.number) {
-      EXPECT_EQ(number->description(), *row.number) << toString(row.result.kind());
-    }
-    EXPECT_EQ(row.result.stringValue(), row.text) << toString(row.result.kind());
-  }
 }
 
 TEST(EvaluationResultTests, Rounding) {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <array>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,7 +30,6 @@ TCUnit unit(UnitIdentifier identifier, UnitType type, std::string symbol) {
   return TCUnit::counted(record);
 }
 TCUnit degrees() { return unit(UnitIdentifier::degrees, UnitType::angle, "°"); }
-TCUnit kilometers() { return unit(UnitIdentifier::kilometers, UnitType::length, "km"); }
 
 /// "4", "unitExpression 6 km", "rate 6", "error ImaginaryNumber", "none" where there is no token.
 std::string applied(std::string_view function, const Token& argument) {
@@ -84,18 +81,6 @@ TEST(TraditionalFunctions, AnglesKeepToTheUnitOfTheArgument) {
   EXPECT_EQ(applied("arccos", "1"), "unitExpression 0 rad");
   EXPECT_EQ(applied("arcsin", "1"), applied("asin", "1"));
   EXPECT_EQ(applied("asin", "1").substr(0, 24), "unitExpression 1.5707963");
-}
-
-TEST(TraditionalFunctions, RoundingKeepsTheForm) {
-  const Token distance = TokenFactory::unitExpressionWith(number("5.5"), kilometers());
-  EXPECT_EQ(applied("round", distance), "unitExpression 6 km");
-  EXPECT_EQ(applied("floor", distance), "unitExpression 5 km");
-  EXPECT_EQ(applied("abs", distance), "5.5") << "other functions drop the unit";
-
-  const Token speed = TokenFactory::rateWith(std::make_shared<const UnitRateTokenMetadata>(
-      UnitRate{number("5.5"), kilometers(), unit(UnitIdentifier::hours, UnitType::duration, "h")}));
-  EXPECT_EQ(applied("ceil", speed), "rate 6");
-  EXPECT_EQ(applied("round", TokenFactory::percentageWith(number("0.6"))), "1");
 }
 
 TEST(TraditionalFunctions, PassOnWhatTheyCannotCalculateWith) {

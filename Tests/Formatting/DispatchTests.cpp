@@ -17,57 +17,6 @@ namespace {
 using testing::contextFor;
 using testing::number;
 
-// The whole dispatch, in its order. A row that another one shadows has no cases
-// of its own here.
-TEST(ResultDispatch, IsThisTable) {
-  std::string table;
-  for (const ModernResultFactory::Row& row : ModernResultFactory::rows()) {
-    table.append(row.payload).append(" ->");
-    for (std::size_t i = 0; i < kEvaluationResultCaseCount; ++i) {
-      const auto resultCase = static_cast<EvaluationResultCase>(i);
-      if (ModernResultFactory::rowFor(resultCase) == &row) table.append(" ").append(toString(resultCase));
-    }
-    table.append(": ").append(row.formatter).append("\n");
-  }
-  EXPECT_EQ(table,
-            "Decimal -> decimal scientificNotation: DecimalResultFormatter\n"
-            "UnitExpression -> unitExpression: UnitExpressionResultFormatter\n"
-            "Percentage -> percentage: PercentageResultFormatter\n"
-            "Fraction -> fraction: FractionResultFormatter\n"
-            "UnitRate -> unitRate: UnitRateResultFormatter\n"
-            "DecimalRate -> decimalRate: DecimalRateResultFormatter\n"
-            "PercentageRate -> percentageRate: PercentageRateResultFormatter\n"
-            "Datestamp -> date: DatestampResultFormatter\n"
-            "iso8601 -> iso8601: iso8601ResultFormatter\n"
-            "EvaluationError -> error: ErrorResultFormatter\n"
-            "Timestamp -> timestamp: TimestampResultFormatter\n"
-            "Timespan -> timespan: TimespanResultFormatter\n"
-            "Laptime -> laptime: LaptimeResultFormatter\n"
-            "Frametime -> frametime: FrametimeResultFormatter\n"
-            "boolean -> boolean: BooleanResultFormatter\n"
-            "Multiplier -> multiplier: MultiplierResultFormatter\n"
-            "Pitch -> pitch: PitchResultFormatter\n"
-            "GPSCoordinates -> gpsCoordinates: GPSCoordinatesResultFormatter\n"
-            "DegreesMinutesSeconds -> degreesMinutesSeconds: "
-            "DegreesMinutesSecondsResultFormatter\n"
-            "unsigned integer -> binary octal hex: OtherBaseResultFormatter\n"
-            "Datespan -> datespan: DatespanResultFormatter\n"
-            "String -> rawString dynamicPlace: RawStringResultFormatter\n"
-            "SalesTax -> salesTax: PercentageResultFormatter\n"
-            "UnitRange -> unitRange: UnitRangeResultFormatter\n"
-            "pending -> pending: PendingResultFormatter\n"
-            "failed -> failed: FailedResultFormatter\n");
-
-  std::string unshown;
-  for (std::size_t i = 0; i < kEvaluationResultCaseCount; ++i) {
-    const auto resultCase = static_cast<EvaluationResultCase>(i);
-    if (ModernResultFactory::rowFor(resultCase) == nullptr) unshown.append(toString(resultCase)).append(" ");
-  }
-  EXPECT_EQ(unshown,
-            "resolution unit substance place customType statisticType "
-            "list variable customUnit none ");
-}
-
 EvaluationResult variableOf(std::string name, std::shared_ptr<const EvaluationResult> definition) {
   Variable variable(std::move(name), std::nullopt, Variable::VariableType::local);
   variable.definition = std::move(definition);

@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "TavrineCore/Parsing/Primitives/Datespan.h"
 #include "TavrineCore/Parsing/Primitives/Frametime.h"

@@ -169,14 +169,5 @@ TEST(FormattingPreferences, TakesTheProcessWideStandardOfItsMaking) {
   EXPECT_EQ(FormattingPreferences(), early);
 }
 
-TEST(FormattingPreferences, TurnsCurrencyRoundingOffAlone) {
-  FormattingPreferences preferences;
-  preferences.setCurrencyFormattingDisabled(true);
-  EXPECT_TRUE(preferences.currencyFormattingDisabled());
-  EXPECT_EQ(preferences.currencyFormattingPreferences, (CurrencyFormattingPreferences{true, false, true}));
-  preferences.setCurrencyFormattingDisabled(false);
-  EXPECT_EQ(preferences, FormattingPreferences());
-}
-
 }  // namespace
 }  // namespace tavrine

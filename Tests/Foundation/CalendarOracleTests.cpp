@@ -10,7 +10,6 @@
 #include <cstdlib>
 #include <memory>
 #include <random>
-#include <string>
 
 #include "Foundation/Calendar.h"
 

@@ -74,21 +74,6 @@ TEST(Locale, ASharedSignMeansTheOwnCurrencyFirst) {
   EXPECT_EQ(us.currencyCodeForPrefix("kr"), std::nullopt);
 }
 
-TEST(Locale, NumericEquivalenceNeedsBothSeparators) {
-  EXPECT_TRUE(Locale("en_US").isNumericallyEquivalentTo(Locale("ja_JP")));
-  EXPECT_TRUE(Locale("de_DE").isNumericallyEquivalentTo(Locale("es_ES")));
-  EXPECT_FALSE(Locale("en_US").isNumericallyEquivalentTo(Locale("de_DE")));
-  EXPECT_FALSE(Locale("de_DE").isNumericallyEquivalentTo(Locale("fr_FR")));
-}
-
-TEST(Locale, BestDatePatterns) {
-  EXPECT_EQ(Locale("en_US").dateFormatFromTemplate("yMMMMd"), "MMMM d, y");
-  EXPECT_EQ(Locale("fr_FR").dateFormatFromTemplate("yMMMMd"), "d MMMM y");
-  EXPECT_EQ(Locale("en_GB").dateFormatFromTemplate("ddMMyyyy"), "dd/MM/yyyy");
-  // Its own calendar is another one; the pattern has no era all the same.
-  EXPECT_EQ(Locale("fa_IR").dateFormatFromTemplate("yMMMMd"), "d MMMM y");
-}
-
 TEST(Locale, EqualByIdentifierAndSharedBetweenThreads) {
   EXPECT_EQ(Locale("en-US"), Locale("en_US"));
   EXPECT_NE(Locale("en_US"), Locale("en_GB"));

@@ -3,6 +3,7 @@
 #include "TavrineCore/Parsing/ParsingLimits.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -67,18 +68,7 @@ TEST(Declarations, TakeTheirShape) {
   struct Case {
     std::string_view line, want;
   };
-  for (const Case& c :
-       {Case{"rent = 5", "variableDeclaration[declaredVariable.variableAssignmentOperator.number]"},
-        {"rent = ?", "remoteQuery[declaredVariable.variableAssignmentOperator.questionMark]"},
-        {"rent = ??", "variableDeclaration[declaredVariable.variableAssignmentOperator.wordComment wordComment]"},
-        {"rent =", "declaredVariable.variableAssignmentOperator"},
-        {"= 5", "variableAssignmentOperator.number"},
-        {"b = if 2 > 1 then 3",
-         "conditionalVariableDeclaration[declaredVariable.variableAssignmentOperator."
-         "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number]]"},
-        {"b = 3 if 2 > 1",
-         "conditionalVariableDeclaration[variableDeclaration[declaredVariable.variableAssignmentOperator.number]."
-         "conditionalExpression[conditionalKeyword.number.operator.number]]"}}) {
+  for (const Case& c : rowsOf<Case>("Parsing/DeclarationTests", "TakeTheirShape")) {
     EXPECT_EQ(reader.shape(c.line), c.want) << c.line;
   }
   EXPECT_EQ(LineReader().shape("b = 1 + 2"), "wordComment.wordComment.wordComment.wordComment.wordComment");
@@ -112,15 +102,7 @@ TEST(Conditionals, NeedAConsequence) {
   struct Case {
     std::string_view line, want;
   };
-  for (const Case& c :
-       {Case{"if 1 > 0 then 2 else 3 word",
-             "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number."
-             "conditionalKeyword.number].wordComment"},
-        {"5 if 2", "number.wordComment.number"},
-        {"5 if", "number.wordComment"},
-        {"then 5 if 2 else 3", "wordComment.number.wordComment.number.wordComment.number"},
-        {"unless 1 > 2 else 3",
-         "conditionalExpression[conditionalKeyword.number.operator.number.conditionalKeyword.number]"}}) {
+  for (const Case& c : rowsOf<Case>("Parsing/DeclarationTests", "NeedAConsequence")) {
     EXPECT_EQ(reader.shape(c.line), c.want) << c.line;
   }
 }

@@ -11,11 +11,8 @@
 #include "Foundation/Diagnostics.h"
 #include "Foundation/Environment.h"
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
-#include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
-#include "TavrineCore/Parsing/Squad/PassContext.h"
-#include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/NumberMetadata.h"
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -49,24 +46,6 @@ class Reader {
                         EXPECT_FALSE(fault) << stage.name << " of \"" << line << "\": " << *fault;
                       });
     return result;
-  }
-
-  /// What the pass for resolutions makes of a line, whatever else is in it.
-  TokenList withResolutions(std::string_view line) const {
-    TokenList list = listAfter("G25", line);
-    const VariableList noVariables;
-    ParseScratch scratch;
-    const PassContext context{.parser = parser_,
-                              .customization = parser_.engineCustomization(),
-                              .features = parser_.engineCustomization().featureFlags(),
-                              .content = parser_.engineContent(),
-                              .numberDetector = parser_.numberDetector(),
-                              .variables = noVariables,
-                              .subsheets = nullptr,
-                              .rawExpression = line,
-                              .scratch = scratch};
-    passes::identifyResolutionsIn(list, context);
-    return list;
   }
 
   void parse(std::string_view line) const { EXPECT_FALSE(parser_.tokensFor(line, VariableList()).isEmpty()); }
@@ -179,16 +158,6 @@ TEST(NumberPasses, GroupNumbersWithWhatStandsBesideThem) {
   check(Reader("en_US"), rowsOf<Case>("Parsing/NumberPassTests", "groups"));
 }
 
-TEST(NumberPasses, TakeProductsForResolutionsWhereScreensAreUnderstood) {
-  const Reader reader("en_US");
-  for (const Case& c : rowsOf<Case>("Parsing/NumberPassTests", "TakeProductsForResolutionsWhereScreensAreUnderstood"))
-    EXPECT_EQ(dump(reader.withResolutions(c.line)), c.want) << c.line;
-  const Reader without("en_US", [](EngineFeatureFlags& flags) {
-    flags.disabledFunctions.emplace().insert(FunctionIdentifier::screenDensity);
-  });
-  EXPECT_EQ(dump(without.withResolutions("1920x1080")), "1920 x 1080");
-}
-
 TEST(NumberPasses, LoseNothingOfRandomLines) {
   constexpr std::string_view kPieces[] = {"1", "0",   " ",   "  ",      "-",  "%",     "percent", "dp",  "k",
                                           "M", "e",   "e5",  "+",       "/",  "x",     "x2",      "0x",  "b1",
@@ -201,7 +170,7 @@ TEST(NumberPasses, LoseNothingOfRandomLines) {
     for (int round = 0; round < 400; ++round) {
       std::string line;
       for (auto length = random() % 14; length > 0; --length) line += kPieces[random() % std::size(kPieces)];
-      reader.withResolutions(line);
+      reader.listAfter("G26", line);
     }
   }
   foundation::setDiagnosticSink(before);

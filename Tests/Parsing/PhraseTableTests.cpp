@@ -12,7 +12,6 @@
 #include <set>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "TavrineCore/Calculator.h"

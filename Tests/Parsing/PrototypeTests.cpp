@@ -212,22 +212,6 @@ TEST(Prototypes, NamesOfVariablesBecomeVariables) {
   EXPECT_EQ(variable->variable()->name, "monthly rent");
 }
 
-TEST(Prototypes, TheInternalSequencesAreWhatTheySay) {
-  const auto descriptionsOf = [](const std::vector<PrototypeSequenceRef>& sequences) {
-    std::string text;
-    for (const auto& sequence : sequences) text += sequence->debugDescription();
-    return text;
-  };
-  const InternalParsingSequences& shared = InternalParsingSequences::shared();
-  EXPECT_EQ(descriptionsOf(shared.unitExpressionSequences),
-            "[<number> <whitespace> <unit>][<unit> <whitespace> <number>][<number> <unit>]");
-  EXPECT_EQ(descriptionsOf(shared.percentagesSequences),
-            "[<number> <percentageSymbol>][<number> <whitespace> <percentageSymbol>]");
-  EXPECT_EQ(descriptionsOf(shared.laptimeSequences), "[<number> <colon> <number> <colon> <number>]");
-  EXPECT_EQ(descriptionsOf(shared.frametimeSequences), "[<number> <colon> <number> <colon> <number> <colon> <number>]");
-  EXPECT_EQ(descriptionsOf(shared.slashAndDashDateSequences), "[<number> \"-\" <number> \"-\" <number>]");
-}
-
 TEST(PrototypeMatcher, TakesTheFirstSequenceThatEndsThere) {
   const TokenList list = lineOf("half of 10 and half of 20");
   const std::array sequences{phrase("of 5"), phrase("half of 5")};

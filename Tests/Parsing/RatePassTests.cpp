@@ -22,23 +22,6 @@ TEST(RatePasses, RatesOfEachKind) {
     EXPECT_EQ(reader.shapeAfter("G14", line), shape) << line;
 }
 
-TEST(RatePasses, ValuesOfRates) {
-  const LineReader reader;
-  const auto decimal = RateExtractor::from(reader.after("G14", "5k / day")[0]);
-  ASSERT_TRUE(decimal && std::holds_alternative<DecimalRate>(*decimal));
-  EXPECT_EQ(std::get<DecimalRate>(*decimal).value, Decimal(5000));
-
-  const auto percentage = RateExtractor::from(reader.after("G14", "5% / year")[0]);
-  ASSERT_TRUE(percentage && std::holds_alternative<PercentageRate>(*percentage));
-  EXPECT_EQ(std::get<PercentageRate>(*percentage).percentage.decimalValue.description(), "0.05");
-
-  const auto unit = RateExtractor::from(reader.after("G14", "$2k / hour")[0]);
-  ASSERT_TRUE(unit && std::holds_alternative<UnitRate>(*unit));
-  EXPECT_EQ(std::get<UnitRate>(*unit).value, Decimal(2000));
-  EXPECT_EQ(std::get<UnitRate>(*unit).ofUnit->identifier(), UnitIdentifier::currencyUSD);
-  EXPECT_EQ(std::get<UnitRate>(*unit).perUnit.identifier(), UnitIdentifier::hours);
-}
-
 struct OperatorCase {
   std::string_view line;
   TokenSubType expected;

@@ -98,34 +98,6 @@ TEST(TokenFactoryTests, makesTokensOfTheirShape) {
   for (const Row& row : rows) EXPECT_EQ(shapeOf(row.token), row.want);
 }
 
-TEST(TokenFactoryTests, keepsTheValues) {
-  const auto percentage = TokenFactory::percentageWith(dec("0.2"));
-  EXPECT_EQ(percentage.percentageValue().decimalValue, dec("0.2"));
-  EXPECT_EQ(percentage.subtokens->first()->decimalValue(), 20);
-  EXPECT_TRUE(percentage.subtokens->typePrecheck(TokenType::percentageSymbol));
-  EXPECT_TRUE(
-      TokenFactory::scientificNotationWith(5).metadataAs<NumberTokenMetadata>()->alwaysFormatAsScientificNotation);
-  const Token kept = TokenFactory::unitRangeWith({1, 2, kilometers()});
-  EXPECT_EQ(kept.metadataAs<UnitRangeTokenMetadata>()->upperBound.decimalValue, 2);
-  const Token salesTax = TokenFactory::salesTaxWith({dec("0.19")});
-  EXPECT_EQ(salesTax.salesTaxValue()->decimalValue, dec("0.19"));
-
-  const TimeZone zone = Calendar::current().timeZone();
-  EXPECT_EQ(TokenFactory::timezoneWith(zone).timeZoneValue(), zone);
-  EXPECT_EQ(TokenFactory::timezoneWith(zone).placeValue(), std::nullopt);
-  const Place paris{"Paris", std::nullopt, zone, Place::Unspecified{}};
-  EXPECT_EQ(TokenFactory::placeWith(paris).placeValue(), paris);
-  EXPECT_EQ(TokenFactory::placeWith(paris).stringValue, "Paris");
-
-  const Datestamp stamp{Date(86'400), DatestampType::now, zone};
-  const Token date = TokenFactory::datestampWith(stamp, CalendarEnvironment(Calendar::current()));
-  EXPECT_EQ(date.datestampValue(), stamp);
-  const CalendarEnvironment other{Calendar(Calendar::Identifier::japanese)};
-  EXPECT_EQ(date.withCalendarEnvironment(other).metadataAs<DatestampTokenMetadata>()->datestamp, stamp);
-  EXPECT_EQ(date.withCalendarEnvironment(other).metadataAs<DatestampTokenMetadata>()->environment, other);
-  EXPECT_EQ(TokenFactory::iso8601With(stamp).type, TokenType::iso8601);
-}
-
 TEST(TokenFactoryTests, putsValuesIntoOtherShapes) {
   const auto text = [](const std::optional<Token>& token) { return token ? token->stringValue : "none"; };
   EXPECT_EQ(text(TokenFactory::tokenWith(7, TokenFactory::numberWith(5, "k"))), "7");

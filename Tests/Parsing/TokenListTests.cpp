@@ -203,21 +203,6 @@ TEST(TokenListTests, givesNeighbours) {
   EXPECT_EQ(overlapping.tokenBeforeMustBe(overlapping[1], TokenType::number), nullptr);
 }
 
-TEST(TokenListTests, scansRuns) {
-  const TokenList list = lineOf("a1 23+U");
-  const auto texts = [](const std::vector<Token>& tokens) { return TokenList(tokens).rebuiltExpression(); };
-  EXPECT_EQ(texts(list.scanLeft(list[5], TokenType::number, TokenType::whitespace)), "321");
-  EXPECT_EQ(texts(list.scanLeft(list[5], TokenType::number, TokenType::whitespace, {}, true)), "123");
-  EXPECT_EQ(texts(list.scanLeft(list[5], TokenType::number)), "32");
-  EXPECT_EQ(texts(list.scanLeft(list[5], TokenType::number, {}, TokenSubType::positiveNumber)), "");
-  EXPECT_EQ(texts(list.scanRight(list[0], TokenType::number)), "1");
-  EXPECT_EQ(texts(list.tokensAfter(list[4])), "+U");
-  EXPECT_EQ(texts(list.gatherForwardsFrom(list[0], TokenType::operator_)), "1 23");
-  EXPECT_EQ(texts(list.gatherBackwardsFrom(list[5], TokenType::wordComment)), "1 23");
-  EXPECT_EQ(list.scanFromTokenAfter(list[1], TokenType::operator_, true)->stringValue(), "23");
-  EXPECT_EQ(list.scanFromTokenAfter(list[1], TokenType::comma), std::nullopt);
-}
-
 TEST(TokenListTests, tellsWhatALineRestsOn) {
   struct Row {
     std::string_view line, last, only, answers;
@@ -236,21 +221,6 @@ TEST(TokenListTests, tellsWhatALineRestsOn) {
   TokenList blank = lineOf("   ");
   blank.trimWhitespace();
   EXPECT_TRUE(blank.isEmpty());
-}
-
-TEST(TokenListTests, cutsConditionals) {
-  const auto text = [](const std::optional<TokenList>& clause) {
-    return clause ? clause->rebuiltExpression() : "none";
-  };
-  const TokenList full = lineOf("I1>2T3E4");
-  EXPECT_EQ(text(full.ifClause()), "1>2");
-  EXPECT_EQ(text(full.thenClause()), "3");
-  EXPECT_EQ(text(full.elseClause()), "4");
-  EXPECT_TRUE(full.ifClause()->typePrecheck(TokenType::operator_));
-  const TokenList bare = lineOf("3I");
-  EXPECT_EQ(text(bare.ifClause()), "none");
-  EXPECT_EQ(text(bare.elseClause()), "none");
-  EXPECT_EQ(text(lineOf("I1").ifClause()), "1");
 }
 
 // --- Slices ---------------------------------------------------------------------------------------------------------
@@ -513,47 +483,6 @@ TEST(TokenListTests, editsCopiesOfSublists) {
     owner.replace(token, Token(TokenType::comma, "wide", NSRange{1, 4}));
   });
   EXPECT_EQ(list[2].range, (NSRange{2, 7}));
-}
-
-TEST(TokenListTests, transforms) {
-  TokenList list = lineOf("1(2)");
-  list.wrapBracketsInSubexpressions();
-  const auto renamed = [](const Token& token) {
-    return Token(TokenType::unit, "<" + token.stringValue + ">", token.range);
-  };
-  list.applyTransformationToTokensOfType(TokenType::number, false,
-                                         [&](const Token& token) { return std::optional(renamed(token)); });
-  EXPECT_EQ(shapeOf(list), "<1>|<(|2|)>");
-  list.applyTransformationToAllTokensOfType(TokenType::number, nullptr, false,
-                                            [&](const Token& token, const Token* parent) {
-                                              EXPECT_TRUE(parent->is(TokenType::subexpression));
-                                              return std::optional(renamed(token));
-                                            });
-  EXPECT_EQ(shapeOf(list), "<1>|<(|<2>|)>");
-}
-
-TEST(TokenListTests, handsOverNeighbours) {
-  const TokenList list = lineOf("+1 +2");
-  std::string seen;
-  list.enumerateTokensOfTypeWithNeighbours(
-      TokenType::operator_, false, true, false, [&](const Token&, const Token* before, const Token* after, bool&) {
-        seen += (before != nullptr ? before->stringValue : "-") + (after != nullptr ? after->stringValue : "-") + ";";
-      });
-  EXPECT_EQ(seen, "-1;12;");
-  int both = 0;
-  list.enumerateTokensOfTypeWithNeighbours(TokenType::operator_, false, true, true,
-                                           [&](const Token&, const Token*, const Token*, bool&) { ++both; });
-  EXPECT_EQ(both, 1);
-}
-
-TEST(TokenListTests, countsWalks) {
-  TokenList list = lineOf("1+2");
-  int walks = 0;
-  list.onEnumerateTokens = [&] { ++walks; };
-  list.enumerateTokensOfType(TokenType::unit, false, [](const Token&, bool&) {});
-  EXPECT_EQ(walks, 0);  // the types already say no
-  list.enumerateTokensOfType(TokenType::number, false, [](const Token&, bool&) {});
-  EXPECT_EQ(walks, 1);
 }
 
 TEST(TokenListTests, complainsOfManyWalksAndOfPointlessOnes) {

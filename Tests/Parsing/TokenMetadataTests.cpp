@@ -119,41 +119,6 @@ TEST(TokenValueTests, saysWhereThereIsNoNumber) {
   EXPECT_EQ(diagnostics.lines.size(), 1u);
 }
 
-TEST(TokenValueTests, readsBooleansAndErrors) {
-  EXPECT_TRUE(TokenFactory::booleanWith(true).booleanValue());
-  EXPECT_FALSE(TokenFactory::booleanWith(false).booleanValue());
-  EXPECT_FALSE(TokenFactory::numberWith(0).booleanValue());
-  EXPECT_TRUE(TokenFactory::numberWith(-1).booleanValue());
-  EXPECT_EQ(Token(TokenType::error, TokenSubType::divideByZeroError, "Error", NSRange::zero).errorValue(),
-            EvaluationError::DivideByZero);
-  EXPECT_EQ(TokenFactory::numberWith(Decimal::nan()).errorValue(), EvaluationError::Infinity);
-  EXPECT_EQ(TokenFactory::numberWith(1).errorValue(), std::nullopt);
-}
-
-TEST(TokenValueTests, readsUnits) {
-  const Token expression = TokenFactory::unitExpressionWith(3, std::string("k"), kilometers(), true);
-  // "3k km" are 3000 of them, whoever asks.
-  EXPECT_EQ(expression.unitExpressionValue(), (UnitExpression{3000, kilometers(), true}));
-  Token inBrackets(TokenType::subexpression, TokenSubType::notSpecified, "", NSRange::zero,
-                   TokenList::frozen({expression}));
-  EXPECT_EQ(inBrackets.unitExpressionValue(), expression.unitExpressionValue());
-  EXPECT_EQ(inBrackets.unitValue(), std::nullopt);  // it holds no bare unit
-  inBrackets.subtokens = TokenList::frozen({TokenFactory::unitWith(hours()), TokenFactory::unitWith(kilometers())});
-  EXPECT_EQ(inBrackets.unitValue(), hours());
-  EXPECT_EQ(inBrackets.unitExpressionValue(), std::nullopt);
-
-  const Token unit = TokenFactory::unitWith(hours());
-  EXPECT_EQ(unit.calendarComponentValue(), Calendar::Component::hour);
-  EXPECT_EQ(expression.calendarComponentValue(), std::nullopt);
-  EXPECT_EQ(TokenFactory::converterToUnitWith(unit.metadata).unitValue(), hours());
-  EXPECT_EQ(TokenFactory::numberWith(1).unitValue(), std::nullopt);
-
-  const TokenList list({expression, unit});
-  EXPECT_TRUE(list.unitTypesCache().contains(UnitType::length));
-  EXPECT_TRUE(list.unitTypesCache().contains(UnitType::duration));
-  EXPECT_FALSE(list.unitTypesCache().contains(UnitType::area));
-}
-
 TEST(TokenValueTests, readsMoments) {
   const auto moment = TokenFactory::numberWith(dec("-1.5")).datestampValue();
   ASSERT_TRUE(moment);
@@ -237,20 +202,6 @@ TEST(TokenValueTests, changesTheLocaleOfNumbers) {
   const Token word(TokenType::number, TokenSubType::positiveNumber, "5", NSRange{0, 1}, nullptr,
                    std::make_shared<const NumberTokenMetadata>(5, std::nullopt, true));
   EXPECT_EQ(word.convertedFrom(Locale("en_US"), Locale("de_DE")), std::nullopt);
-}
-
-TEST(TokenValueTests, knowsTheConstants) {
-  EXPECT_EQ(NumberTokenMetadata::forConstant(TokenSubType::pi).decimalValue * 2,
-            NumberTokenMetadata::forConstant(TokenSubType::tau).decimalValue);
-  const Decimal phi = NumberTokenMetadata::forConstant(TokenSubType::phi).decimalValue;
-  EXPECT_EQ((phi * phi - phi).rounded(35, RoundingMode::plain), 1);
-}
-
-TEST(TokenMetadataTests, isCastByItsKindAlone) {
-  const Token token = TokenFactory::octalWith(8);
-  EXPECT_NE(token.metadataAs<OctalTokenMetadata>(), nullptr);
-  EXPECT_EQ(token.metadataAs<BinaryTokenMetadata>(), nullptr);
-  EXPECT_EQ(Token().metadataAs<NumberTokenMetadata>(), nullptr);
 }
 
 }  // namespace

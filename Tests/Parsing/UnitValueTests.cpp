@@ -3,9 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <thread>
-#include <unordered_set>
 #include <vector>
 
 #include "TavrineCore/Customization/Functions/FunctionIdentifier.h"
@@ -99,18 +97,6 @@ TEST(TCUnitTest, HandlesAreCopiedFromManyThreads) {
   EXPECT_EQ(description.use_count(), 1);
 }
 
-TEST(UnitIdentifierTest, RawNamesGoThereAndBack) {
-  std::unordered_set<std::string_view> names;
-  for (std::size_t i = 0; i < kUnitIdentifierCount; ++i) {
-    const auto identifier = static_cast<UnitIdentifier>(i);
-    EXPECT_EQ(unitIdentifierNamed(toString(identifier)), identifier);
-    names.insert(toString(identifier));
-  }
-  EXPECT_EQ(names.size(), kUnitIdentifierCount);
-  EXPECT_FALSE(unitIdentifierNamed("Meters"));
-  EXPECT_FALSE(unitIdentifierNamed(""));
-}
-
 TEST(UnitIdentifierTest, KindsAgreeWithNames) {
   for (std::size_t i = 0; i < kUnitIdentifierCount; ++i) {
     const auto identifier = static_cast<UnitIdentifier>(i);
@@ -167,32 +153,6 @@ TEST(UnitFamiliesTest, UnitsCountPartsOfADate) {
 
   EXPECT_EQ(zeroDPformattingCurrencies.size(), 20u);
   EXPECT_EQ(cryptoCurrencies.size(), 24u);
-}
-
-TEST(FunctionIdentifierTest, NamesAndReturnTypes) {
-  for (std::size_t i = 0; i < kFunctionIdentifierCount; ++i) {
-    const auto identifier = static_cast<FunctionIdentifier>(i);
-    EXPECT_EQ(functionIdentifierNamed(toString(identifier)), identifier);
-  }
-  EXPECT_FALSE(returnTypeOf(FunctionIdentifier::halfOf));
-  EXPECT_EQ(returnTypeOf(FunctionIdentifier::timeInTimezone), TokenType::datestamp);
-  EXPECT_EQ(returnTypeOf(FunctionIdentifier::declareGenericUnit), TokenType::unit);
-  EXPECT_EQ(weatherFunctionIdentifiers.size(), 22u);
-  EXPECT_FALSE(weatherFunctionIdentifiers.contains(FunctionIdentifier::tyreSpeed));
-  EXPECT_FALSE(weatherFunctionIdentifiers.contains(FunctionIdentifier::statisticOfList));
-}
-
-TEST(DatestampTypeTest, ComponentsAndKinds) {
-  using enum Calendar::Component;
-  EXPECT_EQ(calendarComponentsRepresentedBy(DatestampType::clockTime), (CalendarComponentSet{hour, minute}));
-  EXPECT_EQ(calendarComponentsRepresentedBy(DatestampType::unspecified), CalendarComponentSet{});
-  EXPECT_EQ(largestUnitOf(DatestampType::weekdayWithClockTime), UnitIdentifier::weekdays);
-  EXPECT_TRUE(isDayMonthYear(DatestampType::dayAndMonth));
-  EXPECT_FALSE(isDayMonthYear(DatestampType::monthAndYear));
-  EXPECT_FALSE(relativeTimeTypes.contains(DatestampType::relativeWeekday));
-  EXPECT_FALSE(relativeTimeTypes.contains(DatestampType::quarter));
-  EXPECT_EQ(toString(DatestampType::dayMonthYearWithClockTimeDownToSubSeconds),
-            "dayMonthYearWithClockTimeDownToSubSeconds");
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 
 #include <optional>
 #include <string_view>
-#include <vector>
 
 #include "Foundation/Decimal.h"
 #include "Foundation/Locale.h"
@@ -61,18 +60,6 @@ TEST(MidiNumberTest, TakesTheNearestKeyWithinTheKeyboard) {
   EXPECT_FALSE(MidiNumber::fromFrequency(Decimal::nan()));
 }
 
-TEST(MidiNumberTest, NamesTheKeysOfAPiano) {
-  EXPECT_EQ(MidiNumber{127}.notation(), "G9");
-  EXPECT_EQ(MidiNumber{126}.notation(), "F#9");
-  EXPECT_EQ(MidiNumber{123}.notation(), "D#9");
-  EXPECT_EQ(MidiNumber{69}.notation(), "A4");
-  EXPECT_EQ(MidiNumber{60}.notation(), "C4");
-  EXPECT_EQ(MidiNumber{21}.notation(), "A0");
-  EXPECT_FALSE(MidiNumber{20}.notation());
-  EXPECT_FALSE(MidiNumber{128}.notation());
-  EXPECT_FALSE(MidiNumber{-1}.notation());
-}
-
 TEST(MidiNumberTest, EveryKeyFindsItselfAgainByItsFrequency) {
   for (int number = 21; number <= MidiNumber::maximumMidiNumber; ++number) {
     const std::optional<Pitch> pitch = Pitch::fromNotation(MidiNumber{number}.notation().value());
@@ -122,43 +109,6 @@ TEST(GPSCoordinatesTest, EndsWithTheEarth) {
   EXPECT_FALSE(GPSCoordinates::make(Decimal(0), dec("-180.0001")));
   EXPECT_FALSE(GPSCoordinates::make(Decimal::nan(), Decimal(0)));
   EXPECT_FALSE(GPSCoordinates::make(angle("90", "0", "1"), angle("0", "0", "0")));
-}
-
-TEST(ResolutionTest, DensityNeedsSizes) {
-  EXPECT_EQ((Resolution{3, 4}).ppiOfDeviceWith(dec("2.5")), Decimal(2));
-  EXPECT_EQ((Resolution{1920, 1080}).ppiOfDeviceWith(24)->rounded(4, RoundingMode::plain), dec("91.7878"));
-  EXPECT_FALSE((Resolution{0, 1080}).ppiOfDeviceWith(24));
-  EXPECT_FALSE((Resolution{1920, 0}).ppiOfDeviceWith(24));
-  EXPECT_FALSE((Resolution{1920, 1080}).ppiOfDeviceWith(0));
-}
-
-TEST(PercentageTest, SumsAreThoseOfTheFractions) {
-  EXPECT_EQ(Percentage{dec("0.2")} + Percentage{dec("0.055")}, Percentage{dec("0.255")});
-  EXPECT_EQ(Percentage{dec("0.2")} - Percentage{dec("0.3")}, Percentage{dec("-0.1")});
-}
-
-TEST(SIThresholdTest, PrefixesAreExact) {
-  for (const std::string_view prefix : {"k", "K", "Ki", "kibi", "kilo"}) {
-    EXPECT_EQ(thresholdForSIPrefix(prefix), SIThreshold::thousand) << prefix;
-  }
-  EXPECT_EQ(thresholdForSIPrefix("M"), SIThreshold::million);
-  EXPECT_EQ(thresholdForSIPrefix("Gi"), SIThreshold::billion);
-  EXPECT_EQ(thresholdForSIPrefix("tera"), SIThreshold::trillion);
-  for (const std::string_view prefix : {"", "m", "g", "t", "Mi", "Kilo", "P", "B", "kk"}) {
-    EXPECT_FALSE(thresholdForSIPrefix(prefix)) << prefix;
-  }
-}
-
-TEST(SIThresholdTest, RawValuesArePowersOfTen) {
-  struct Case {
-    SIThreshold threshold;
-    std::string_view want;
-  };
-  for (const Case& c : rowsOf<Case>("Parsing/ValueTests", "RawValuesArePowersOfTen")) {
-    EXPECT_EQ(valueOf(c.threshold), dec(c.want)) << toString(c.threshold);
-    EXPECT_EQ(siThresholdFromRawValue(rawValueOf(c.threshold)), c.threshold);
-  }
-  EXPECT_FALSE(siThresholdFromRawValue("10000"));
 }
 
 TEST(CalendarEnvironmentTest, AHolidayIsADayOfOneYear) {

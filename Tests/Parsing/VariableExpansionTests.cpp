@@ -2,6 +2,7 @@
 #include "TavrineCore/Parsing/Helpers/TokenListVariableSubstitutor.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/LineReader.h"
+#include "Tests/Support/Table.h"
 
 namespace tavrine::testing {
 namespace {
@@ -37,16 +38,7 @@ TEST_F(VariableExpansion, BringsNamesBackAtEveryDepth) {
   struct Case {
     std::string_view line, want;
   };
-  for (const Case& c : {Case{"(x + 1) * -x",
-                             "subexpression[bracket variable.operator.number bracket].operator.operator"
-                             " variable"},
-                        {"x%", "percentage[variable percentageSymbol]"},
-                        {"y = 3 + tax",
-                         "variableDeclaration[declaredVariable.variableAssignmentOperator.number."
-                         "operator.variable]"},
-                        {"if x > 3 then x",
-                         "conditionalExpression[conditionalKeyword.variable.operator.number."
-                         "conditionalKeyword.variable]"}}) {
+  for (const Case& c : rowsOf<Case>("Parsing/VariableExpansionTests", "BringsNamesBackAtEveryDepth")) {
     const TokenList list = reader.tokens(c.line);
     EXPECT_EQ(shapeOf(list), c.want) << c.line;
     EXPECT_TRUE(list.typePrecheck(TokenType::variable)) << c.line;

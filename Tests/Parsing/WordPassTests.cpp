@@ -4,8 +4,6 @@
 
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Parsing/Squad/ConverterTypes.h"
-#include "TavrineCore/Parsing/Squad/PassContext.h"
-#include "TavrineCore/Parsing/Squad/Passes.h"
 #include "TavrineCore/Parsing/Tokens/OtherMetadata.h"
 #include "TavrineCore/Parsing/Tokens/VariableMetadata.h"
 #include "Tests/Parsing/LineReader.h"
@@ -30,17 +28,7 @@ TEST(WordPasses, JoinOperatorsOfSeveralCharacters) {
     std::string_view line;
     TokenSubType want;
   };
-  for (const auto& [line, want] : {OperatorCase{"2 ** 3", TokenSubType::powerOperator},
-                                   {"2 == 2", TokenSubType::equalTo},
-                                   {"2 <= 3", TokenSubType::lessThanOrEqualTo},
-                                   {"2 => 3", TokenSubType::greaterThanOrEqualTo},
-                                   {"2 != 3", TokenSubType::notEqualTo},
-                                   {"1 && 2", TokenSubType::logicalAndOperator},
-                                   {"1 || 2", TokenSubType::logicalOrOperator},
-                                   {"1 << 2", TokenSubType::bitwiseLeftShiftOperator},
-                                   {"1 >> 2", TokenSubType::bitwiseRightShiftOperator},
-                                   {"2 divides into 6", TokenSubType::reverseDivisionOperator},
-                                   {"2 is at least 6", TokenSubType::greaterThanOrEqualTo}}) {
+  for (const auto& [line, want] : rowsOf<OperatorCase>("Parsing/WordPassTests", "JoinOperatorsOfSeveralCharacters 2")) {
     const TokenList list = reader.after("S12", line);
     ASSERT_EQ(list.count(), 5U) << line << ": " << shapeOf(list);
     EXPECT_TRUE(list[2].is(TokenType::operator_, want)) << line;
@@ -98,12 +86,12 @@ TEST(WordPasses, WrapConverters) {
     const Token* token = list.firstTokenOfType(TokenType::converter);
     return token != nullptr ? std::string(toString(token->subType)) + " " + token->stringValue : "none";
   };
-  EXPECT_EQ(converter("0.5 as a fraction"), "fractionConverter as a fraction");
-  EXPECT_EQ(converter("0.5 as the fraction"), "none");
-  EXPECT_EQ(converter("0.5 in %"), "percentageConverter in %");
-  EXPECT_EQ(converter("1700000000 as date"), "dateConverter as date");
-  EXPECT_EQ(converter("words as hex"), "none");
-  EXPECT_EQ(converter("5 as words"), "none");
+  struct ConverterCase {
+    std::string_view line, converter;
+  };
+  for (const ConverterCase& c : rowsOf<ConverterCase>("Parsing/WordPassTests", "WrapConverters")) {
+    EXPECT_EQ(converter(c.line), c.converter) << c.line;
+  }
   EXPECT_EQ(reader.shapeAfter("G30", "1700000000 as date"),
             "unixTimestamp[number].converter[converterSymbol.typeName]");
   EXPECT_EQ(reader.shapeAfter("G30", "5 frequency rate"), "number.rate");
@@ -113,65 +101,6 @@ TEST(WordPasses, WrapConverters) {
   for (const TokenSubType off :
        {TokenSubType::octalTypeName, TokenSubType::pitchTypeName, TokenSubType::rateTypeName}) {
     EXPECT_EQ(converterTypeOf(Token(TokenType::typeName, off, "t", {0, 1}), flags), TokenSubType::notSpecified);
-  }
-}
-
-/// Tokens that lines come to only with units and dates, side by side with blanks between them.
-TokenList listOf(std::vector<Token> tokens) {
-  std::vector<Token> parted;
-  for (Token& token : tokens) {
-    if (!parted.empty()) parted.emplace_back(TokenType::whitespace, " ", NSRange::zero);
-    parted.push_back(std::move(token));
-  }
-  return TokenList(std::move(parted)).listWithRecalculatedTokenRanges(0, false);
-}
-Token token(TokenType type, std::string text, TokenSubType subType = TokenSubType::notSpecified) {
-  return Token(type, subType, std::move(text), NSRange::zero);
-}
-
-TEST(WordPasses, ConvertIntoUnitsAndRates) {
-  const LineReader reader;
-  const Token km = token(TokenType::unit, "km");
-  const Token amount = token(TokenType::unitExpression, "5m");
-  const Token in = token(TokenType::converterSymbol, "in", TokenSubType::converterSymbolIn);
-  const Token per = token(TokenType::operator_, "/", TokenSubType::divisionOperator);
-  const Token at = token(TokenType::prepositionWord, "at", TokenSubType::prepositionWordAt);
-  const Token number = token(TokenType::number, "2", TokenSubType::positiveNumber);
-  const Token zone = token(TokenType::timezone, "CET");
-  struct ConverterCase {
-    std::vector<Token> tokens;
-    std::string_view want;
-  };
-  const std::vector<ConverterCase> cases = {
-      {{amount, in, km}, "unitConverter: in km"},
-      {{amount, in, km, per, km}, "rateConverter: in km / km"},
-      {{amount, in, per, km}, "rateConverter: in / km"},
-      {{amount, in, km, at, number}, "unitConverterWithExplicitRate: in km at 2"},
-      {{amount, in, km, at}, "unitConverter: in km"},
-      {{amount, in, amount}, "unitExpressionConverter: in 5m"},
-      {{number, in, amount}, ""},
-      {{amount, in, zone}, ""},
-      {{token(TokenType::datestamp, "now"), in, zone}, "timezoneConverter: in CET"},
-      {{in, km}, ""},
-      {{token(TokenType::wordComment, "w"), in, km}, ""},
-      {{amount, in, token(TokenType::dpSpecifier, "2dp")}, "roundingToDpConverter: in 2dp"},
-  };
-  for (const ConverterCase& c : cases) {
-    TokenList list = listOf(c.tokens);
-    ParseScratch scratch;
-    const PassContext context{.parser = reader.parser(),
-                              .customization = reader.parser().engineCustomization(),
-                              .features = reader.parser().engineCustomization().featureFlags(),
-                              .content = reader.parser().engineContent(),
-                              .numberDetector = reader.parser().numberDetector(),
-                              .variables = reader.variables,
-                              .subsheets = nullptr,
-                              .rawExpression = {},
-                              .scratch = scratch};
-    passes::identifyConvertersIn(list, context);
-    const Token* found = list.firstTokenOfType(TokenType::converter);
-    EXPECT_EQ(found != nullptr ? std::string(toString(found->subType)) + ": " + found->stringValue : "", c.want)
-        << listOf(c.tokens).rebuiltExpression();
   }
 }
 

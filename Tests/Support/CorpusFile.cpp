@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <sstream>
 
 #include "Foundation/Text.h"
 #include "Tests/Support/CorpusHost.h"
