@@ -6,6 +6,7 @@
 
 #include "Foundation/OperationQueue.h"
 #include "Foundation/SerialQueue.h"
+#include "Foundation/StillMoment.h"
 #include "Foundation/Text.h"
 #include "TavrineCore/Customization/Functions/CustomFunction.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
@@ -101,6 +102,7 @@ std::shared_ptr<const VariableList> Calculator::finalVariableListFor(
 
 CalculationResult Calculator::calculationResultFor(std::string_view expression,
                                                    std::shared_ptr<const VariableList> variables) {
+  const StillMoment moment;
   std::string storage;
   auto tokens = std::make_shared<const TokenList>(parsingController_->parser().tokensFor(
       validText(expression, storage), variables ? *variables : emptyVariables()));
@@ -161,8 +163,8 @@ std::optional<std::vector<EvaluationResult>> Calculator::functionParametersIn(st
   std::string storage;
   const TokenList tokens =
       calculator.parsingController_->parser().tokensFor(validText(expression, storage), emptyVariables());
-  const auto call = std::find_if(tokens.begin(), tokens.end(),
-                                 [](const Token& token) { return token.is(TokenType::wordFunction); });
+  const auto call =
+      std::find_if(tokens.begin(), tokens.end(), [](const Token& token) { return token.is(TokenType::wordFunction); });
   if (call == tokens.end() || call->metadataAs<CustomFunctionTokenMetadata>() == nullptr) return std::nullopt;
   return customArgumentsOf(*call);
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -48,6 +49,26 @@ TEST_F(CalculatorTest, TheAnswerKeepsTheLine) {
   ASSERT_NE(result.parsedExpression, nullptr);
   EXPECT_EQ(result.parsedExpression->rebuiltExpression(), "1 + 2");
   EXPECT_FALSE(result.isEmptyResult());
+}
+
+/// A second later each time that it is asked.
+class TickingClock final : public foundation::Clock {
+ public:
+  [[nodiscard]] Date now() const override { return Date(static_cast<double>(++seconds_)); }
+
+ private:
+  mutable std::atomic<int> seconds_ = 0;
+};
+
+TEST_F(CalculatorTest, ALineIsCalculatedAtOneMoment) {
+  foundation::Environment::Parts parts = foundation::Environment::current().parts();
+  parts.clock = std::make_shared<TickingClock>();
+  const foundation::ScopedEnvironment world{foundation::Environment(parts)};
+  Calculator calculator(EngineCustomization::standard());
+  EXPECT_EQ(calculator.calculate("now - now").stringValue, "0 s");
+  EXPECT_EQ(calculator.calculate("time in Tokyo - time in London").stringValue, "0 s");
+  const Date before = Date::now();
+  EXPECT_NE(before, Date::now()) << "between lines time goes on";
 }
 
 TEST_F(CalculatorTest, WordsAndErrorsAreEmptyOrNot) {
