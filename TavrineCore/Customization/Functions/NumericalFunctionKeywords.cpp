@@ -71,8 +71,10 @@ TokenTypeSet typesWantedBy(std::string_view phrase) {
   TokenTypeSet types;
   for (std::size_t start = 0; start < phrase.size();) {
     const std::size_t end = std::min(phrase.find_first_of(" (", start), phrase.size());
-    const auto type = PrototypeTypePlaceholders::typeFor(phrase.substr(start, end - start));
+    const std::string_view placeholder = phrase.substr(start, end - start);
+    const auto type = PrototypeTypePlaceholders::typeFor(placeholder);
     if (type && !kTakenForOthers.contains(*type)) types.insert(*type);
+    if (PrototypeTypePlaceholders::unitExpressionTypeFor(placeholder)) types.insert(TokenType::unitExpression);
     start = end + 1;
   }
   return types;
@@ -239,15 +241,17 @@ std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vecto
 }
 
 void NumericalFunctionKeywords::addWordless(const TokenList& tokenList, std::vector<std::size_t>& ranks) const {
+  const auto saidByWords = static_cast<std::ptrdiff_t>(ranks.size());
   TokenTypeSet types = tokenList.typesEverPresent();
-  for (const std::size_t rank : ranks) {
-    if (const auto returned = returnTypeOf(indexedFunctions_[rank].identifier)) types.insert(*returned);
+  for (std::ptrdiff_t i = 0; i < saidByWords; ++i) {
+    const FunctionIdentifier identifier = indexedFunctions_[ranks[static_cast<std::size_t>(i)]].identifier;
+    if (const auto returned = returnTypeOf(identifier)) types.insert(*returned);
   }
-  const std::size_t saidByWords = ranks.size();
   for (const WordlessPhrases& phrases : wordlessFunctions_) {
     if (phrases.types.isSubsetOf(types)) ranks.insert(ranks.end(), phrases.ranks.begin(), phrases.ranks.end());
   }
-  if (ranks.size() > saidByWords) std::sort(ranks.begin(), ranks.end());
+  std::sort(ranks.begin() + saidByWords, ranks.end());
+  std::inplace_merge(ranks.begin(), ranks.begin() + saidByWords, ranks.end());
 }
 
 std::vector<NumericalFunctionKeywords::Wording> NumericalFunctionKeywords::wordingsOf(const Function& function) const {

@@ -12,6 +12,7 @@
 #include "Foundation/Locale.h"
 #include "Foundation/SerialQueue.h"
 #include "Foundation/StringMap.h"
+#include "Foundation/WordTable.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeExpressionGenerator.h"
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceGenerator.h"
 #include "TavrineCore/Parsing/Tokens/TokenList.h"
@@ -74,27 +75,27 @@ class CallCache {
       std::vector<PrototypeSequenceRef> known;
       known.reserve(functions.size());
       for (const Function* function : functions) {
-        const auto found = calls.find(function->prototypeExpression);
-        if (found == calls.end() || found->second->functionIdentifier() != function->identifier) {
+        const PrototypeSequenceRef* const found = calls.find(function->prototypeExpression);
+        if (found == nullptr || (*found)->functionIdentifier() != function->identifier) {
           known.push_back(nullptr);
           unknown.push_back(function);
-        } else if (list == nullptr || found->second->typesWereIn(*list)) {
-          known.push_back(found->second);
+        } else if (list == nullptr || (*found)->typesWereIn(*list)) {
+          known.push_back(*found);
         }
       }
       return known;
     });
   }
 
-  void keep(const Function& function, const PrototypeSequenceRef& call) {
+  void keep(const PrototypeSequenceRef& call) {
     const bool isChinese = Locale::current().isChinese();
-    accessQueue_.sync([&] {
-      return (isChinese ? chineseCalls_ : calls_).try_emplace(function.prototypeExpression.string(), call).second;
-    });
+    // The text lives as long as the call does.
+    const std::string_view text = std::get<Function>(*call->metadata()).prototypeExpression;
+    accessQueue_.async([&] { (isChinese ? chineseCalls_ : calls_).tryEmplace(text, call); });
   }
 
  private:
-  using Calls = StringMap<PrototypeSequenceRef>;
+  using Calls = WordTable<PrototypeSequenceRef>;
 
   SerialQueue accessQueue_{"wordFuctionCallAccessQueue"};
   Calls calls_;
@@ -141,7 +142,7 @@ std::vector<PrototypeSequenceRef> PrototypeSequenceCache::sequencesFor(std::span
     const Function& function = **next++;
     sequence =
         wordFunctionSequenceCache().phraseFor(function.prototypeExpression, phraseOfFunction)->withMetadata(function);
-    callCache().keep(function, sequence);
+    callCache().keep(sequence);
   }
   if (list != nullptr && !unknown.empty()) {
     std::erase_if(sequences, [list](const PrototypeSequenceRef& sequence) { return !sequence->typesWereIn(*list); });

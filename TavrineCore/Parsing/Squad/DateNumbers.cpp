@@ -58,7 +58,9 @@ std::optional<std::int64_t> possibleYear(const DateNumber& number) {
 }
 
 std::optional<std::int64_t> recentYear(const DateNumber& number) {
-  return isUnbrokenNumber(number.text) ? wholeBetween(number, 1901, 2101, kAnyLength) : std::nullopt;
+  constexpr std::size_t kDigits = 4;
+  if (number.text.size() < kDigits || !isUnbrokenNumber(number.text)) return std::nullopt;
+  return wholeBetween(number, 1901, 2101, kAnyLength);
 }
 
 std::optional<std::int64_t> possibleHourStamp(const DateNumber& number) {

@@ -128,7 +128,9 @@ void DateParser::identifyNakedYearsAroundConverters(TokenList& list) {
 
 void DateParser::identifyNakedYearPlusOrMinusThenTimespan(TokenList& list) {
   if (!list.typesPrecheck({TokenType::number, TokenType::operator_, TokenType::unit})) return;
+  constexpr std::size_t kDigitsOfYear = 4;
   for (std::size_t i = 0; i < list.count(); ++i) {
+    if (!list[i].is(TokenType::number) || list[i].stringValue.size() < kDigitsOfYear) continue;
     const auto number = dateNumberIn(list[i]);
     const auto year = number ? recentYear(*number) : std::nullopt;
     if (year && beginsValue(list, i) && isMovedByTimespan(list, i)) replaceWithYearStamp(list, i, *year);

@@ -31,26 +31,41 @@ class TokenListWalk {
 
   void edit(TokenList& list, const Token* parent) const {
     list.countEnumeration();
+    std::optional<std::size_t> first;
+    std::size_t concerned = 0;
+    for (std::size_t step = 0; step < list.count(); ++step) {
+      const std::size_t index = indexAtStep(step, list.count(), reversed_);
+      if (!concernsBlock(list[index], parent)) continue;
+      if (concerned++ == 0) first = index;
+    }
+    if (!first) return;
+    // Often it is one operator or one converter.
+    if (concerned == 1) return edit(list, parent, list[*first], *first);
+
     struct Concerned {
       Token token;
       std::size_t index = 0;
     };
     std::vector<Concerned> snapshot;
+    snapshot.reserve(concerned);
     for (std::size_t step = 0; step < list.count(); ++step) {
       const std::size_t index = indexAtStep(step, list.count(), reversed_);
       if (concernsBlock(list[index], parent)) snapshot.push_back({list[index], index});
     }
-    for (auto& [token, hint] : snapshot) {
-      if (enters(token)) {
-        if (TokenListRef subtokens = editedCopy(*token.subtokens, &token)) {
-          token = replaceInside(list, token, hint, std::move(subtokens));
-        }
-      }
-      if (test_(token, parent)) block_(token, list, parent);
-    }
+    for (auto& [token, hint] : snapshot) edit(list, parent, std::move(token), hint);
   }
 
  private:
+  /// Edits inside of the token, which most likely still stands at `hint`, and hands it to the block.
+  void edit(TokenList& list, const Token* parent, Token token, std::size_t hint) const {
+    if (enters(token)) {
+      if (TokenListRef subtokens = editedCopy(*token.subtokens, &token)) {
+        token = replaceInside(list, token, hint, std::move(subtokens));
+      }
+    }
+    if (test_(token, parent)) block_(token, list, parent);
+  }
+
   [[nodiscard]] bool enters(const Token& token) const {
     return !topLevelOnly_ && token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(reach_);
   }
