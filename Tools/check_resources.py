@@ -57,7 +57,7 @@ class Vocabulary:
                                               r"^LOCALIZABLE_FIXTURE\((\w+), (\w+)\)"))
         self.days = set(self.names("Parsing/Primitives/SpecialDay.cpp", r'^    "(\w+)",$'))
         unit_types = self.names("Parsing/Primitives/UnitType.def", r"^UNIT_TYPE\((\w+)")
-        self.gaps = set(self.names("Parsing/Prototypes/PrototypeTypePlaceholders.cpp", r'^    \{"(__\w+)"'))
+        self.gaps = set(self.names("Parsing/Tokens/PrototypeTypePlaceholders.cpp", r'^    \{"(__\w+)"'))
         self.gaps |= {f"__{name}" for name in unit_types} | {f"__{name}_expression" for name in unit_types}
         names = re.search(r"standardFunctionNames[^{]*\{([^}]*)\}",
                           self.text("Customization/Functions/TraditionalFunctionList.h"))
