@@ -227,7 +227,9 @@ std::vector<NumericalFunctionKeywords::KeywordNumber> NumericalFunctionKeywords:
 }
 
 std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vector<KeywordNumber>& words) const {
+  constexpr std::size_t kUsualPhrases = 32;
   std::vector<std::size_t> ranks;
+  ranks.reserve(kUsualPhrases);
   for (const KeywordNumber keyword : words) {
     for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
       const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
@@ -241,17 +243,14 @@ std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vecto
 }
 
 void NumericalFunctionKeywords::addWordless(const TokenList& tokenList, std::vector<std::size_t>& ranks) const {
-  const auto saidByWords = static_cast<std::ptrdiff_t>(ranks.size());
   TokenTypeSet types = tokenList.typesEverPresent();
-  for (std::ptrdiff_t i = 0; i < saidByWords; ++i) {
-    const FunctionIdentifier identifier = indexedFunctions_[ranks[static_cast<std::size_t>(i)]].identifier;
-    if (const auto returned = returnTypeOf(identifier)) types.insert(*returned);
+  for (const std::size_t rank : ranks) {
+    if (const auto returned = returnTypeOf(indexedFunctions_[rank].identifier)) types.insert(*returned);
   }
   for (const WordlessPhrases& phrases : wordlessFunctions_) {
-    if (phrases.types.isSubsetOf(types)) ranks.insert(ranks.end(), phrases.ranks.begin(), phrases.ranks.end());
+    if (!phrases.types.isSubsetOf(types)) continue;
+    for (const std::size_t rank : phrases.ranks) ranks.insert(std::upper_bound(ranks.begin(), ranks.end(), rank), rank);
   }
-  std::sort(ranks.begin() + saidByWords, ranks.end());
-  std::inplace_merge(ranks.begin(), ranks.begin() + saidByWords, ranks.end());
 }
 
 std::vector<NumericalFunctionKeywords::Wording> NumericalFunctionKeywords::wordingsOf(const Function& function) const {

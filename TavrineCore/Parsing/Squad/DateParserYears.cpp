@@ -94,7 +94,7 @@ void identifyNakedYearsAround(TokenList& list, TokenType type) {
     if (!list[i].is(type)) continue;
     if (list[i].subType == TokenSubType::converterSymbolIn) identifyYearBehind(list, i);
     if (leadsToDate(list[i])) identifyYearsBehindCount(list, i);
-    if (lowercased(list[i].stringValue) != kRangeWord) continue;
+    if (!equalsIgnoringCase(list[i].stringValue, kRangeWord)) continue;
     if (list.anyTypesHaveBeenPresentIn({TokenType::percentageSymbol, TokenType::multiplier})) continue;
     identifyYearsOnBothSides(list, i);
   }

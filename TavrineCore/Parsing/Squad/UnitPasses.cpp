@@ -160,6 +160,8 @@ constexpr std::string_view kMinutesOrMeters = "m";
 
 bool saysOunces(const Token& token) { return equalsIgnoringCase(token.stringValue, "oz"); }
 bool saysPounds(const Token& token) {
+  constexpr std::size_t kShortest = 5;
+  if (token.stringValue.size() < kShortest) return false;
   return equalsIgnoringCase(token.stringValue, "pound") || equalsIgnoringCase(token.stringValue, "pounds");
 }
 
