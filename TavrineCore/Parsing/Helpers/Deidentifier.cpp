@@ -384,23 +384,49 @@ void Deidentifier::process(const DeidentifierAction& action, TokenList& list, st
 
 namespace {
 
-/// Whether a token of the list, or one inside of it, is to be acted on.
-bool isAnythingToDoIn(const TokenList& list, const Token* parent, const EngineFeatureFlags& features,
-                      MeaningScan& scan) {
-  for (std::size_t i = 0; i < list.count(); ++i) {
-    const Token& token = list[i];
-    if (token.subtokens && isAnythingToDoIn(*token.subtokens, &token, features, scan)) return true;
-    if (kNeverActedOn.contains(token.type)) continue;
-    if (actionFor(Item(parent, list, i, scan), features).kind != none) return true;
-  }
-  return false;
+/// Whether the list holds single words alone: acting on one leaves the number of tokens as it is.
+bool isFlat(const TokenList& list) {
+  return !list.typePrecheck(TokenType::datestamp) &&
+         std::none_of(list.begin(), list.end(), [](const Token& token) { return token.subtokens != nullptr; });
+}
+
+/// The token with other subtokens, put in the place that it still has, if it has one.
+Token replaceInside(TokenList& list, const Token& token, TokenListRef subtokens) {
+  list.formCacheUnionWith(*subtokens);
+  Token changed = withSubtokens(token, std::move(subtokens));
+  const auto index = list.indexOf(token);
+  if (!index) return changed;
+  list.replaceAt(*index, std::move(changed));
+  return list[*index];
 }
 
 }  // namespace
 
-bool Deidentifier::isAnythingToDo() const {
-  MeaningScan scan;
-  return isAnythingToDoIn(tokenList_, nullptr, engineCustomization_.featureFlags(), scan);
+// Most lines are clean: a copy is made for the first token that there is something to do with.
+std::optional<TokenList> Deidentifier::cleaned(const TokenList& list, const Token* parent, MeaningScan& scan) const {
+  std::optional<TokenList> copy;
+  const auto editable = [&]() -> TokenList& {
+    if (!copy) copy.emplace(list);
+    return *copy;
+  };
+  for (std::size_t i = 0; i < list.count(); ++i) {
+    const Token* token = &list[i];
+    std::optional<Token> changed;
+    if (token->subtokens) {
+      if (std::optional<TokenList> inside = cleaned(*token->subtokens, token, scan)) {
+        changed = replaceInside(editable(), *token, TokenList::frozen(*std::move(inside)));
+        token = &*changed;
+      }
+    }
+    if (kNeverActedOn.contains(token->type)) continue;
+    // An earlier token may have taken this one along.
+    const auto index = copy ? copy->indexOf(*token) : i;
+    if (!index) continue;
+    const Item item(parent, copy ? *copy : list, *index, scan);
+    const DeidentifierAction action = actionFor(item, engineCustomization_.featureFlags());
+    if (action.kind != none) process(action, editable(), *index);
+  }
+  return copy;
 }
 
 void Deidentifier::deidentifyStragglers() {
@@ -412,17 +438,18 @@ void Deidentifier::deidentifyStragglers() {
     }
     return;
   }
-  // Most lines are clean: a look costs no copies.
-  if (!isAnythingToDo()) return;
   MeaningScan scan;
-  const auto isActedOn = [](const Token& token, const Token*) { return !kNeverActedOn.contains(token.type); };
-  tokenList_.applyModificationsToAllListsWithTokensPassingTest(
-      isActedOn, nullptr, /*reversed=*/false, /*topLevelOnly=*/false,
-      [&](const Token& token, TokenList& list, const Token* parent) {
-        // An earlier token may have taken this one along.
-        const auto index = list.indexOf(token);
-        if (index) process(actionFor(Item(parent, list, *index, scan), features), list, *index);
-      });
+  if (isFlat(tokenList_)) {
+    for (std::size_t i = 0; i < tokenList_.count(); ++i) {
+      if (kNeverActedOn.contains(tokenList_[i].type)) continue;
+      process(actionFor(Item(nullptr, tokenList_, i, scan), features), tokenList_, i);
+    }
+    return;
+  }
+  if (std::optional<TokenList> clean = cleaned(tokenList_, nullptr, scan)) {
+    clean->formCacheUnionWith(tokenList_);
+    tokenList_ = *std::move(clean);
+  }
 }
 
 }  // namespace tavrine

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "TavrineCore/Parsing/Tokens/TokenTypeSet.h"
 
 namespace tavrine {
 
 class EngineCustomization;
+class MeaningScan;
 class TokenList;
+class Token;
 struct DeidentifierAction;
 class VariableList;
 
@@ -31,7 +34,8 @@ class Deidentifier {
   void deidentifyStragglers();
 
  private:
-  [[nodiscard]] bool isAnythingToDo() const;
+  /// The list with its stragglers deidentified, inner tokens before outer ones; absent where there are none.
+  [[nodiscard]] std::optional<TokenList> cleaned(const TokenList& list, const Token* parent, MeaningScan& scan) const;
   void process(const DeidentifierAction& action, TokenList& list, std::size_t index) const;
 
   const EngineCustomization& engineCustomization_;
