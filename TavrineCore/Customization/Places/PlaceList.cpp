@@ -64,7 +64,7 @@ bool PlaceList::tablesMayName(const HashedWord& fragment) const {
 
 std::optional<Place> PlaceList::placeFor(const HashedWord& fragment) const {
   const std::string_view name = fragment.text;
-  if (addedPlaces_.empty() && fragment.hash != 0 && !tablesMayName(fragment)) return std::nullopt;
+  if (!mayKnow(fragment)) return std::nullopt;
   if (!isLowercased(name)) return placeFor(lowercased(name));
   if (!addedPlaces_.empty()) {
     if (const auto found = addedPlaces_.find(name); found != addedPlaces_.end()) return *found->second;
@@ -85,11 +85,11 @@ std::optional<std::vector<Place>> PlaceList::multiWordPlacesBeginningWith(std::s
   return result;
 }
 
-std::optional<Place> PlaceList::placeOfPhrase(const HashedWord& firstWord, std::string_view secondLexeme,
+std::optional<Place> PlaceList::placeOfPhrase(const HashedWord& firstWord, const HashedWord& secondWord,
                                               ExtentOf extentOf) const {
+  if (!mayKnowPhrase(firstWord, secondWord)) return std::nullopt;
   const std::string_view firstLexeme = firstWord.text;
-  const bool isInTables = index_ && (*words_)->mayBeginPlace(firstWord, secondLexeme);
-  if (!isInTables && addedPhrases_.empty() && firstWord.hash != 0 && isAscii(secondLexeme)) return std::nullopt;
+  const std::string_view secondLexeme = secondWord.text;
   if (!isLowercased(firstLexeme) || !isLowercased(secondLexeme)) {
     return placeOfPhrase(lowercased(firstLexeme), lowercased(secondLexeme), extentOf);
   }
@@ -105,7 +105,7 @@ std::optional<Place> PlaceList::placeOfPhrase(const HashedWord& firstWord, std::
       }
     }
   }
-  if (isInTables) {
+  if (index_ && (*words_)->mayBeginPlace(firstWord, secondLexeme)) {
     std::optional<PlaceIndex::Match> match = (*index_)->longestPhrase(firstLexeme, secondLexeme, extentOf);
     if (match && match->extent > longest) return std::move(match->place);
   }
@@ -121,8 +121,7 @@ bool PlaceList::isOrdinaryWord(std::string_view lowercasedName) const {
 bool PlaceList::isBuilt() const { return index_ && index_->isBuilt(); }
 
 std::optional<Place> AirportsList::runQuery(std::string_view fragment) {
-  constexpr std::size_t kLettersInCode = 3;
-  if (fragment.size() != kLettersInCode) return std::nullopt;
+  if (!mayBeCode(fragment)) return std::nullopt;
   // The set of codes answers for most words, so that the airports are read only for one of them.
   static const Lazy<PlaceWords> words = PlaceList::standard().words_.value();
   std::string code = lowercased(fragment);

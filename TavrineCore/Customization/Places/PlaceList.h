@@ -34,6 +34,16 @@ class PlaceList {
   PlaceList(std::shared_ptr<const PlaceRows> cities, std::shared_ptr<const PlaceRows> countries,
             std::shared_ptr<const PlaceRows> states, PlaceWords words);
 
+  /// False for most words that `placeFor` doesn't know, told without a table.
+  [[nodiscard]] bool mayKnow(const HashedWord& word) const {
+    return word.hash == 0 || !addedPlaces_.empty() || (index_ && (*words_)->mayNamePlace(word)) || !isAllLetters(word);
+  }
+  /// False for most pairs of lexemes that `placeOfPhrase` doesn't know.
+  [[nodiscard]] bool mayKnowPhrase(const HashedWord& firstLexeme, const HashedWord& secondLexeme) const {
+    return firstLexeme.hash == 0 || secondLexeme.hash == 0 || !addedPhrases_.empty() ||
+           (index_ && (*words_)->mayBeginPlace(firstLexeme, secondLexeme.text));
+  }
+
   /// The place with this name or alias, in upper or lower case.
   [[nodiscard]] std::optional<Place> placeFor(const HashedWord& fragment) const;
 
@@ -46,7 +56,7 @@ class PlaceList {
   /// The place whose name of several lexemes covers most of a text that begins with these two lexemes; at equal extent
   /// a place that was added, else the first one. A place of the resources with aliases of several lexemes is known by
   /// these alone, as another one has its name. Reads no table for words that begin no place.
-  [[nodiscard]] std::optional<Place> placeOfPhrase(const HashedWord& firstLexeme, std::string_view secondLexeme,
+  [[nodiscard]] std::optional<Place> placeOfPhrase(const HashedWord& firstLexeme, const HashedWord& secondLexeme,
                                                    ExtentOf extentOf) const;
 
   /// Whether the name of a place, in lower case, is an ordinary word as well and should look like a name.
@@ -65,6 +75,13 @@ class PlaceList {
   friend class AirportsList;
 
   PlaceList(Lazy<PlaceWords> words, Lazy<PlaceIndex> index);
+  /// Whether the text is one word of ASCII letters, and so one lexeme.
+  [[nodiscard]] static bool isAllLetters(const HashedWord& word) {
+    unsigned beyond = 0;
+    for (const char c : word.text)
+      beyond |= static_cast<unsigned>(((static_cast<unsigned char>(c) | 0x20U) - 'a') >= 26);
+    return beyond == 0;
+  }
   /// False for most names that the tables don't hold: in lower case, or of ASCII letters in any.
   [[nodiscard]] bool tablesMayName(const HashedWord& fragment) const;
   void cache(const Place& place);
@@ -79,6 +96,9 @@ class PlaceList {
 /// The airports by their codes.
 class AirportsList {
  public:
+  static constexpr std::size_t kLettersInCode = 3;
+
+  [[nodiscard]] static bool mayBeCode(std::string_view fragment) { return fragment.size() == kLettersInCode; }
   /// The airport with this code of three letters, in upper or lower case, in the zone of its city. Absent where its
   /// city or its zone isn't known.
   [[nodiscard]] static std::optional<Place> runQuery(std::string_view fragment);

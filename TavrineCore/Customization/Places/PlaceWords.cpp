@@ -19,9 +19,6 @@ constexpr unsigned kAlphabet = 26;
 constexpr std::size_t kCodes = std::size_t{kAlphabet} * kAlphabet * kAlphabet;
 constexpr unsigned kMaximumProbes = 16;
 
-/// Of the whole word, in whatever script.
-std::uint64_t hashOf(const HashedWord& word) { return word.hash != 0 ? word.hash : foldedHash(word.text); }
-
 constexpr auto kBase64 = [] {
   std::array<std::int8_t, 256> values{};
   values.fill(-1);
@@ -108,12 +105,6 @@ std::string_view PlaceWords::takeFrom(const FlatRow& object) {
   return {};
 }
 
-bool PlaceWords::mayNamePlace(const HashedWord& word) const { return passesFilter(hashOf(word)); }
-
-bool PlaceWords::mayBeginPlace(const HashedWord& firstWord, std::string_view secondWord) const {
-  return passesFilter(foldedHash(secondWord, foldedHash(" ", hashOf(firstWord))));
-}
-
 bool PlaceWords::isAirportCode(std::string_view word) const {
   if (word.size() != kLettersInCode) return false;
   std::size_t index = 0;
@@ -122,16 +113,6 @@ bool PlaceWords::isAirportCode(std::string_view word) const {
     index = index * kAlphabet + static_cast<std::size_t>(c - 'a');
   }
   return codes_.empty() || bitAt(codes_, index);
-}
-
-bool PlaceWords::passesFilter(std::uint64_t hash) const {
-  if (filter_.empty()) return true;
-  const std::uint64_t mask = filter_.size() * 8 - 1;
-  const std::uint64_t step = hash >> 32 | 1;
-  for (unsigned probe = 0; probe < probes_; ++probe, hash += step) {
-    if (!bitAt(filter_, hash & mask)) return false;
-  }
-  return true;
 }
 
 }  // namespace tavrine

@@ -27,9 +27,11 @@ class PlaceWords {
 
   /// Whether there may be a place of that name; now and then wrong where it says yes. ASCII letters may be in capitals
   /// here.
-  [[nodiscard]] bool mayNamePlace(const HashedWord& word) const;
+  [[nodiscard]] bool mayNamePlace(const HashedWord& word) const { return passesFilter(hashOf(word)); }
   /// Whether a place of several words may begin with these two, ASCII letters in any case.
-  [[nodiscard]] bool mayBeginPlace(const HashedWord& firstWord, std::string_view secondWord) const;
+  [[nodiscard]] bool mayBeginPlace(const HashedWord& firstWord, std::string_view secondWord) const {
+    return passesFilter(foldedHash(secondWord, foldedHash(" ", hashOf(firstWord))));
+  }
   /// Whether the word is the code of an airport.
   [[nodiscard]] bool isAirportCode(std::string_view word) const;
   /// Whether the name or code means something else in most texts: "nice", "us", "sea".
@@ -38,10 +40,21 @@ class PlaceWords {
  private:
   /// What is wrong with the object; empty when nothing is.
   [[nodiscard]] std::string_view takeFrom(const FlatRow& object);
-  [[nodiscard]] bool passesFilter(std::uint64_t hash) const;
+  /// Of the whole word, in whatever script.
+  [[nodiscard]] static std::uint64_t hashOf(const HashedWord& word) {
+    return word.hash != 0 ? word.hash : foldedHash(word.text);
+  }
+  [[nodiscard]] bool passesFilter(std::uint64_t hash) const {
+    const std::uint64_t mask = filter_.size() * 8 - 1;
+    const std::uint64_t step = hash >> 32 | 1;
+    for (unsigned probe = 0; probe < probes_; ++probe, hash += step) {
+      if ((filter_[(hash & mask) / 8] >> (hash & 7) & 1) == 0) return false;
+    }
+    return true;
+  }
 
-  std::vector<std::uint8_t> filter_;  // a power of two of bits, or empty: all pass
-  unsigned probes_ = 0;
+  std::vector<std::uint8_t> filter_;  // a power of two of bits, or empty where there is nothing to probe
+  unsigned probes_ = 0;               // none: all pass
   std::vector<std::uint8_t> codes_;
   StringSet ordinary_;
 };

@@ -46,12 +46,12 @@ SpecialDayList::SpecialDayList(const std::vector<SpecialDay>& days) {
 }
 
 const SpecialDay* SpecialDayList::specialDayFor(const HashedWord& fragment) const {
-  return aliases_.mayContain(fragment) ? lookUp(specialDayAliasCache_, fragment.text) : nullptr;
+  return mayKnow(fragment) ? lookUp(specialDayAliasCache_, fragment.text) : nullptr;
 }
 
 const std::vector<SpecialDayList::Phrase>* SpecialDayList::multiWordSpecialDaysBeginningWith(
     const HashedWord& firstWordOfType) const {
-  if (!firstWords_.mayContain(firstWordOfType)) return nullptr;
+  if (!mayBeginPhrase(firstWordOfType)) return nullptr;
   return lookUp(multiWordSpecialDaysByPrefixCache_, firstWordOfType.text);
 }
 

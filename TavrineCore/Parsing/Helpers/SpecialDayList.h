@@ -18,6 +18,11 @@ class SpecialDayList {
   /// Where several days have a name of one lexeme, the last one counts.
   explicit SpecialDayList(const std::vector<SpecialDay>& days);
 
+  /// False for most words that `specialDayFor` doesn't know.
+  [[nodiscard]] bool mayKnow(const HashedWord& word) const { return aliases_.mayContain(word); }
+  /// False for most words with which no name of several lexemes begins.
+  [[nodiscard]] bool mayBeginPhrase(const HashedWord& word) const { return firstWords_.mayContain(word); }
+
   /// The day whose name of one lexeme that is, in upper or lower case.
   [[nodiscard]] const SpecialDay* specialDayFor(const HashedWord& fragment) const;
 

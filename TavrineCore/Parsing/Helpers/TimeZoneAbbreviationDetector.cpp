@@ -17,9 +17,6 @@ namespace tavrine {
 
 namespace {
 
-constexpr std::size_t kShortestCode = 3;
-constexpr std::size_t kLongestCode = 4;
-
 constexpr auto kSummerTimezoneAbbreviations =
     std::to_array<std::string_view>({"acdt", "adt", "aedt", "akdt", "awdt", "brst", "bst", "cdt", "cest", "clst", "edt",
                                      "eest", "mdt", "msd", "ndt", "nzdt", "pdt", "west"});
@@ -91,7 +88,7 @@ std::optional<TimeZone> TimeZoneAbbreviationDetector::timezoneFor(const HashedWo
                                                                   TimezoneCodeCorrectionBehavior correctionBehaviour) {
   // No code has letters beyond ASCII, so bytes are characters.
   const std::string_view code = word.text;
-  if (code.size() < kShortestCode || code.size() > kLongestCode) return std::nullopt;
+  if (!mayBeCode(word)) return std::nullopt;
   static const WordFilter codes = WordFilter::ofKeys(timezoneCache());
   if (!codes.mayContain(word)) return std::nullopt;
   const std::string key = lowercased(code);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string_view>
 
@@ -14,6 +15,12 @@ namespace tavrine {
 /// The short names of time zones: "PST", "CEST".
 class TimeZoneAbbreviationDetector {
  public:
+  static constexpr std::size_t kShortestCode = 3;
+  static constexpr std::size_t kLongestCode = 4;
+
+  [[nodiscard]] static bool mayBeCode(const HashedWord& word) {
+    return word.text.size() >= kShortestCode && word.text.size() <= kLongestCode;
+  }
   /// The zone that a code of 3 or 4 letters means, in upper or lower case. Many codes name the winter or the summer
   /// time of a place and are said all year: the behaviour tells for which of them the zone of the place is taken, and
   /// for which the offset that the code strictly says.

@@ -170,12 +170,23 @@ bool identifyTimeZoneCode(TokenList& list, std::size_t index, const PassContext&
   return true;
 }
 
+constexpr std::string_view kTime = "time";
+
+/// Whether a place of several words may be named here, told for most words without a table.
+bool mayBeginPlace(const TokenList& list, std::size_t index, const HashedWord& word, const PlaceList& places) {
+  std::size_t second = index + 1;
+  if (second < list.count() && list[second].is(TokenType::comma)) ++second;
+  while (second < list.count() && list[second].is(TokenType::whitespace)) ++second;
+  if (second == list.count()) return false;
+  return list[second].stringValue.size() == kTime.size() || places.mayKnowPhrase(word, list[second].word());
+}
+
 bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassContext& context) {
   const auto second = nextWordOfName(list, index);
   if (!second) return false;
   std::size_t longest = 0;
-  const std::optional<Place> place = context.content.placeList->placeOfPhrase(
-      list[index].word(), list[*second].stringValue, [&](std::string_view phrase) {
+  const std::optional<Place> place =
+      context.content.placeList->placeOfPhrase(list[index].word(), list[*second].word(), [&](std::string_view phrase) {
         const std::size_t extent = extentOfName(list, index, phrase);
         longest = std::max(longest, extent);
         return extent;
@@ -184,7 +195,6 @@ bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassConte
     becomePlace(list, index, index + longest - 1, *place);
     return true;
   }
-  constexpr std::string_view kTime = "time";
   const std::string& secondWord = list[*second].stringValue;
   if (secondWord.size() != kTime.size() || !context.features.shortFormUSTimezones) return false;
   if (!equalsIgnoringCase(secondWord, kTime)) return false;
@@ -196,8 +206,8 @@ bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassConte
   return true;
 }
 
-bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const PassContext& context) {
-  const auto* const phrases = context.content.specialDayList->multiWordSpecialDaysBeginningWith(list[index].word());
+bool identifyMultiWordSpecialDays(TokenList& list, std::size_t index, const SpecialDayList& days) {
+  const auto* const phrases = days.multiWordSpecialDaysBeginningWith(list[index].word());
   if (phrases == nullptr) return false;
   for (const SpecialDayList::Phrase& phrase : *phrases) {
     const std::size_t extent = extentOf(list, index, phrase.words, nextWord);
@@ -235,11 +245,6 @@ bool mayBeginPhrase(const TokenList& list, std::size_t index) {
   return name != nullptr && (beginsWithCapital(name->stringValue) || standsBehindPlacePreposition(list, index));
 }
 
-bool identifyPhrase(TokenList& list, std::size_t index, const PassContext& context) {
-  if (identifyMultiWordPlaces(list, index, context)) return true;
-  return context.features.specialDays && identifyMultiWordSpecialDays(list, index, context);
-}
-
 /// "the UK": the article of a country says nothing, and would stand between the name and the words around it.
 void takeInArticlesOfCountries(TokenList& list) {
   if (!list.typesPrecheck({TokenType::grammerArticleWord, TokenType::timezone})) return;
@@ -256,19 +261,21 @@ void takeInArticlesOfCountries(TokenList& list) {
 }  // namespace
 
 void identifyTimezonesInAndSpecialDaysIn(TokenList& list, const PassContext& context) {
+  const PlaceList& places = *context.content.placeList;
+  const SpecialDayList* const days = context.features.specialDays ? context.content.specialDayList.get() : nullptr;
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!kPhraseStarts.contains(list[i].type)) continue;
-    if (!list[i].is(TokenType::unidentified)) {
-      if (mayBeginPhrase(list, i)) (void)identifyPhrase(list, i, context);
-      continue;
-    }
-    if (identifyTimeZoneCode(list, i, context) || identifyPhrase(list, i, context) ||
-        identifyPlaceOfOneWord(list, i, context) || !context.features.specialDays) {
-      continue;
-    }
-    if (const SpecialDay* const day = context.content.specialDayList->specialDayFor(list[i].word())) {
-      becomeSpecialDay(list, i, i, day->type);
-    }
+    const bool isWord = list[i].is(TokenType::unidentified);
+    if (!isWord && !mayBeginPhrase(list, i)) continue;
+    const HashedWord word = list[i].word();
+    if (isWord && TimeZoneAbbreviationDetector::mayBeCode(word) && identifyTimeZoneCode(list, i, context)) continue;
+    if (mayBeginPlace(list, i, word, places) && identifyMultiWordPlaces(list, i, context)) continue;
+    if (days != nullptr && days->mayBeginPhrase(word) && identifyMultiWordSpecialDays(list, i, *days)) continue;
+    if (!isWord) continue;
+    const bool mayBePlace = AirportsList::mayBeCode(word.text) || places.mayKnow(word);
+    if (mayBePlace && identifyPlaceOfOneWord(list, i, context)) continue;
+    if (days == nullptr || !days->mayKnow(word)) continue;
+    if (const SpecialDay* const day = days->specialDayFor(word)) becomeSpecialDay(list, i, i, day->type);
   }
   takeInArticlesOfCountries(list);
 }
