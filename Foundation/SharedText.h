@@ -28,7 +28,10 @@ class SharedText {
   operator std::string_view() const noexcept { return text_; }
   [[nodiscard]] std::string string() const { return std::string(text_); }
 
-  friend bool operator==(const SharedText& left, const SharedText& right) noexcept { return left.text_ == right.text_; }
+  friend bool operator==(const SharedText& left, const SharedText& right) noexcept {
+    const bool isSame = left.text_.data() == right.text_.data() && left.text_.size() == right.text_.size();
+    return isSame || left.text_ == right.text_;
+  }
   template <std::convertible_to<std::string_view> Text>
   friend bool operator==(const SharedText& left, const Text& right) noexcept {
     return left.text_ == std::string_view(right);

@@ -41,6 +41,15 @@ void sortWithoutRepetitions(std::vector<std::uint32_t>& numbers) {
   numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
+/// A bit for each keyword, some of which share one: what is in one signature and not in another is not among the
+/// keywords of the other.
+std::uint32_t signatureOf(std::span<const std::uint32_t> keywords) {
+  constexpr std::uint32_t kBits = 32;
+  std::uint32_t signature = 0;
+  for (const std::uint32_t keyword : keywords) signature |= std::uint32_t{1} << keyword % kBits;
+  return signature;
+}
+
 /// Hands out the words of the phrase; its placeholders are none. Thousands of phrases are cut when the list is made,
 /// and nearly all are in small letters of English, whose words are parts of the phrase itself.
 template <class Visitor>
@@ -165,7 +174,8 @@ NumericalFunctionKeywords::NumericalFunctionKeywords(std::vector<Function> funct
     const auto keywords = std::span(keywordsOfPhrases_).subspan(first, ends_[i] - first);
     const KeywordNumber rarest = *std::min_element(keywords.begin(), keywords.end(),
                                                    [&](KeywordNumber a, KeywordNumber b) { return uses[a] < uses[b]; });
-    functionsWithRequirements_[rarest].push_back({i, first, keywords.size()});
+    functionsWithRequirements_[rarest].push_back({static_cast<std::uint32_t>(i), static_cast<std::uint32_t>(first),
+                                                  static_cast<std::uint32_t>(keywords.size()), signatureOf(keywords)});
   }
 }
 
@@ -230,8 +240,10 @@ std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vecto
   constexpr std::size_t kUsualPhrases = 32;
   std::vector<std::size_t> ranks;
   ranks.reserve(kUsualPhrases);
+  const std::uint32_t missing = ~signatureOf(words);
   for (const KeywordNumber keyword : words) {
     for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
+      if ((function.signature & missing) != 0) continue;
       const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
       if (std::includes(words.begin(), words.end(), keywords.begin(), keywords.end())) {
         ranks.push_back(function.functionIndex);

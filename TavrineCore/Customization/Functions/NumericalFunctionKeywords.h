@@ -49,9 +49,10 @@ class NumericalFunctionKeywords {
 
   /// What a line must hold for a phrase: a run of `keywordsOfPhrases_`, ascending.
   struct FunctionRequirements {
-    std::size_t functionIndex = 0;
-    std::size_t firstKeyword = 0;
-    std::size_t keywordCount = 0;
+    std::uint32_t functionIndex = 0;
+    std::uint32_t firstKeyword = 0;
+    std::uint32_t keywordCount = 0;
+    std::uint32_t signature = 0;  // of the run
   };
 
   /// A word that may stand for the one with which the phrases are written.

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -75,8 +76,8 @@ class CallCache {
       std::vector<PrototypeSequenceRef> known;
       known.reserve(functions.size());
       for (const Function* function : functions) {
-        const PrototypeSequenceRef* const found = calls.find(function->prototypeExpression);
-        if (found == nullptr || (*found)->functionIdentifier() != function->identifier) {
+        const PrototypeSequenceRef* const found = calls.find(*function);
+        if (found == nullptr) {
           known.push_back(nullptr);
           unknown.push_back(function);
         } else if (list == nullptr || (*found)->typesWereIn(*list)) {
@@ -89,13 +90,34 @@ class CallCache {
 
   void keep(const PrototypeSequenceRef& call) {
     const bool isChinese = Locale::current().isChinese();
-    // The text lives as long as the call does.
-    const std::string_view text = std::get<Function>(*call->metadata()).prototypeExpression;
-    accessQueue_.async([&] { (isChinese ? chineseCalls_ : calls_).tryEmplace(text, call); });
+    accessQueue_.async([&] { (isChinese ? chineseCalls_ : calls_).keep(call); });
   }
 
  private:
-  using Calls = WordTable<PrototypeSequenceRef>;
+  class Calls {
+   public:
+    [[nodiscard]] const PrototypeSequenceRef* find(const Function& function) const {
+      const std::string_view text = function.prototypeExpression;
+      const auto same = byPlace_.find(text.data());
+      if (same != byPlace_.end() && calls(*same->second, function)) return &same->second;
+      const PrototypeSequenceRef* const equal = byText_.find(text);
+      return equal != nullptr && calls(**equal, function) ? equal : nullptr;
+    }
+    void keep(const PrototypeSequenceRef& call) {
+      // The text lives as long as the call does.
+      const std::string_view text = std::get<Function>(*call->metadata()).prototypeExpression;
+      if (byText_.tryEmplace(text, call).isNew) byPlace_.try_emplace(text.data(), call);
+    }
+
+   private:
+    static bool calls(const PrototypeSequence& call, const Function& function) {
+      return std::get<Function>(*call.metadata()) == function;
+    }
+
+    WordTable<PrototypeSequenceRef> byText_;
+    /// By the place of the text in memory, which is where nearly every function has it.
+    std::unordered_map<const char*, PrototypeSequenceRef> byPlace_;
+  };
 
   SerialQueue accessQueue_{"wordFuctionCallAccessQueue"};
   Calls calls_;
