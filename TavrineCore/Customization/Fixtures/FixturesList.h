@@ -34,6 +34,12 @@ class FixturesList {
   FixturesList(Lazy<StringMap<Fixture>> additionalFixtures, Lazy<DateWordsList> dateWords,
                Lazy<NumberWordsList> numberWords);
 
+  /// False for most fragments that begin with a letter and spell no fixture; builds the vocabulary for one.
+  bool mayKnow(const HashedWord& fragment) const {
+    const unsigned first = fragment.text.empty() ? 0 : static_cast<unsigned char>(fragment.text.front()) | 0x20U;
+    return first < 'a' || first > 'z' || vocabulary_->words.mayContain(fragment);
+  }
+
   /// The fixture that the fragment spells, as it stands or else in lower case.
   std::optional<Fixture> find(const HashedWord& fragment) const;
 

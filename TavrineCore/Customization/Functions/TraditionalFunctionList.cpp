@@ -22,7 +22,7 @@ TraditionalFunctionList::TraditionalFunctionList(const std::vector<TraditionalFu
 }
 
 const TraditionalFunction* TraditionalFunctionList::functionNamed(const HashedWord& name) const {
-  if (!names_.mayContain(name)) return nullptr;
+  if (!mayKnow(name)) return nullptr;
   const auto found = functionNameCache_.find(name.text);
   return found == functionNameCache_.end() ? nullptr : &traditionalFunctions_[found->second];
 }

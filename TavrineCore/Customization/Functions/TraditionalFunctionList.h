@@ -25,6 +25,8 @@ class TraditionalFunctionList {
   /// The function of this name or alias, upper and lower case told apart; null when there is none. Of two functions
   /// with one name the later counts, so that a host can replace a standard one.
   const TraditionalFunction* functionNamed(const HashedWord& name) const;
+  /// False for most words that name none.
+  bool mayKnow(const HashedWord& word) const { return names_.mayContain(word); }
 
   /// The standard functions, then the additional ones.
   const std::vector<TraditionalFunction>& traditionalFunctions() const { return traditionalFunctions_; }

@@ -37,7 +37,6 @@ constexpr std::string_view kSquareRootSign = "√";
 constexpr std::string_view kPlaceholderPrefix = "__";
 
 std::optional<Token> variableToken(std::string_view fragment, NSRange range, const PassContext& context) {
-  if (context.variables.isEmpty()) return std::nullopt;
   const Variable* variable = context.variables.find(fragment);
   if (variable == nullptr) return std::nullopt;
   const bool isTag = variable->type == Variable::VariableType::tag;
@@ -152,10 +151,14 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
       return numberToken(*value, std::string(fragment), range);
     }
   }
-  if (type == LexemeType::whitespace) return {TokenType::whitespace, std::string(fragment), range};
-  if (std::optional<Token> token = variableToken(fragment, range, context)) return *std::move(token);
+  if (type == LexemeType::whitespace) return {TokenType::whitespace, fragment, range};
+  if (context.variables.isNotEmpty()) {
+    if (std::optional<Token> token = variableToken(fragment, range, context)) return *std::move(token);
+  }
   const HashedWord word(fragment);
-  if (std::optional<Token> token = functionToken(word, range, context)) return *std::move(token);
+  if (context.content.traditionalFunctionList->mayKnow(word)) {
+    if (std::optional<Token> token = functionToken(word, range, context)) return *std::move(token);
+  }
   if (context.subsheets != nullptr && context.subsheets->knows(fragment)) {
     if (auto subsheet =
             context.subsheets->evaluatedSubsheetWith(LineReference{std::string(fragment)}, context.variables)) {
@@ -172,7 +175,8 @@ Token tokenFor(std::string_view fragment, NSRange range, LexemeType type, const 
       return customTypeToken(*custom, std::string(fragment), range);
     }
   }
-  Token token = fixtureToken(word, range, context);
+  Token token = context.content.fixturesList->mayKnow(word) ? fixtureToken(word, range, context)
+                                                            : Token(TokenType::unidentified, fragment, range);
   token.textHash = word.hash;
   return token;
 }
@@ -206,7 +210,7 @@ void tokensForLexemes(TokenList& list, const PassContext& context) {
   tokens.reserve(context.scratch.lexemes.size());
   for (const Lexeme& lexeme : context.scratch.lexemes) {
     if (lexeme.type == LexemeType::whitespace) {
-      tokens.emplace_back(TokenType::whitespace, std::string(lexeme.string), lexeme.range);
+      tokens.emplace_back(TokenType::whitespace, lexeme.string, lexeme.range);
       continue;
     }
     Token token = tokenFor(lexeme.string, lexeme.range, lexeme.type, context);

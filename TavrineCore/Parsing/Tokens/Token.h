@@ -1,5 +1,6 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -77,8 +78,9 @@ class Token {
         metadata(std::move(value)) {}
 
   /// A token with no finer kind.
-  Token(TokenType tokenType, std::string text, NSRange textRange)
-      : Token(tokenType, TokenSubType::notSpecified, std::move(text), textRange) {}
+  template <class Text>
+  requires std::constructible_from<std::string, Text> Token(TokenType tokenType, Text&& text, NSRange textRange)
+      : type(tokenType), subType(TokenSubType::notSpecified), range(textRange), stringValue(std::forward<Text>(text)) {}
 
   TokenType type;
   TokenSubType subType;

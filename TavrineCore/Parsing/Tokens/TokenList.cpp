@@ -22,10 +22,19 @@ thread_local std::vector<TokenListRef>* listsToRelease = nullptr;
 }  // namespace
 
 TokenList::TokenList(std::vector<Token> tokens) : tokens_(std::move(tokens)) {
-  for (std::size_t i = 0; i < count(); ++i) {
-    rememberTypesOf(tokens_[i]);
-    isOrdered_ = isOrdered_ && isOrderedAt(i);
+  std::uint32_t location = 0;
+  TokenTypeSet plainTypes;
+  for (const Token& token : tokens_.contiguous()) {
+    isOrdered_ = isOrdered_ && !token.hasNoRange() && location <= token.range.location;
+    location = token.range.location;
+    if (token.metadata || token.subtokens) {
+      rememberTypesOf(token);
+    } else {
+      plainTypes.insert(token.type);
+    }
   }
+  typesEverPresent_.formUnion(plainTypes);
+  deepTypesEverPresent_.formUnion(plainTypes);
 }
 
 TokenList::TokenList(const TokenList& other) : TokenList(std::vector<Token>(other.begin(), other.end())) {}
