@@ -1,5 +1,6 @@
 #include "TavrineCore/Evaluation/TokenListEvaluator.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "TavrineCore/Evaluation/EvaluationNode.h"
@@ -11,10 +12,20 @@
 
 namespace tavrine {
 
+namespace {
+
+bool isPlainComment(const Token& token) {
+  return (token.is(TokenType::wordComment) || token.is(TokenType::whitespace)) && !token.subtokens;
+}
+
+}  // namespace
+
 TokenListEvaluator::TokenListEvaluator(EngineCustomization customization) : customization_(std::move(customization)) {}
 
 EvaluationResult TokenListEvaluator::evaluate(const TokenList& list,
                                               const FormattingPreferences* formattingPreferences) const {
+  if (std::all_of(list.begin(), list.end(), isPlainComment)) return EvaluationResult::none();
+
   EditableTokenList rewritten(list);
   preprocess(rewritten, customization_);
   const TokenList& tokens = rewritten.list();

@@ -15,8 +15,10 @@ void visit(EditableTokenList& list, const TokenTypeSet& types, const Token* pare
   std::size_t index = list.count();
   while (index > 0) {
     --index;
-    const TokenList* const subtokens = list[index].subtokens.get();
-    if (subtokens != nullptr && subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types)) {
+    const Token& token = list[index];
+    const bool hasInside = token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types);
+    if (!hasInside && !types.contains(token.type)) continue;
+    if (hasInside) {
       const TokenListRef inside = list[index].subtokens;  // an edit may replace the token that holds it
       EditableTokenList sublist(*inside);
       visit(sublist, types, &list[index], block);

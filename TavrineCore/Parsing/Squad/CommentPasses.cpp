@@ -163,10 +163,17 @@ void identifySlashCommentsInWords(TokenList& list, const PassContext&) {
 void transformUnidentifiedTokensIntoWordComments(TokenList& list, const PassContext& context) {
   const bool hashTags = context.features.hashTags();
   // Nearly all words stand in the line itself and are no tags.
+  bool areOthersLeft = false;
   for (std::size_t i = 0; i < list.count(); ++i) {
-    if (!list[i].is(TokenType::unidentified) || list[i].subtokens || list[i].stringValue == " ") continue;
-    if (!hashTags || !namesTag(list[i].stringValue)) list.becomeWordAt(i);
+    const Token& token = list[i];
+    const bool isWord = token.is(TokenType::unidentified);
+    if (isWord && !token.subtokens && token.stringValue != " " && (!hashTags || !namesTag(token.stringValue))) {
+      list.becomeWordAt(i);
+    } else if (isWord || token.subtokens) {
+      areOthersLeft = true;
+    }
   }
+  if (!areOthersLeft) return;
   list.applyTransformationToAllTokensOfType(TokenType::unidentified, nullptr, /*reversed=*/false,
                                             [&](const Token& token, const Token* parent) -> std::optional<Token> {
                                               if (parent != nullptr && !kParentsOfWordComments.contains(parent->type))

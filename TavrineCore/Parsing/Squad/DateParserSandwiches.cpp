@@ -111,7 +111,8 @@ void DateParser::scanForPartialDatesIn(TokenList& list) const {
   const bool dotsPartDates = engineCustomization_.locale().decimalSeparator() != std::string(1, kDot);
   const bool mayHoldOperators = list.typePrecheck(TokenType::operator_);
   for (std::size_t i = list.count(); i-- > 0;) {
-    if (i >= list.count()) continue;
+    const bool isBehindSeparator = mayHoldOperators && i >= 2 && i < list.count() && isDateSeparator(&list[i - 1]);
+    if (i >= list.count() || (!dotsPartDates && !isBehindSeparator)) continue;
     const auto last = dateNumberIn(list[i]);
     if (!last) continue;
 
@@ -123,7 +124,7 @@ void DateParser::scanForPartialDatesIn(TokenList& list) const {
       }
       continue;
     }
-    if (!mayHoldOperators || i < 2 || !isDateSeparator(&list[i - 1])) continue;
+    if (!isBehindSeparator) continue;
     const auto first = dateNumberIn(list[i - 2]);
     constexpr std::size_t kLongestPart = 4;
     if (!first || utf16Length(first->text) > kLongestPart || utf16Length(last->text) > kLongestPart) continue;

@@ -78,6 +78,7 @@ void identifyConjunctionsAsLogicalOperatorsIn(TokenList& list, const PassContext
   if (list.typePrecheck(TokenType::conjunctionWord) && subTypesOf(list).containsTypesFrom(Parser::logicalOperators)) {
     turnConjunctionsIntoOperators(list);
   }
+  if (!list.typePrecheck(TokenType::operator_)) return;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(TokenType::operator_)) continue;
     const auto before = list.indexBefore(i, /*ignoreWhitespace=*/true);

@@ -6,6 +6,7 @@
 #include "TavrineCore/Customization/Engine/EngineCustomization.h"
 #include "TavrineCore/Customization/Engine/EngineFeatureFlags.h"
 #include "TavrineCore/Customization/Variables/VariableList.h"
+#include "TavrineCore/Parsing/Helpers/DigitDetector.h"
 #include "TavrineCore/Parsing/Squad/Parser.h"
 #include "TavrineCore/Parsing/Squad/PassContext.h"
 #include "TavrineCore/Parsing/Squad/Passes.h"
@@ -36,6 +37,9 @@ bool lineHoldsOtherBases(const TokenList&, const PassContext& context) {
 }
 bool lineHoldsAlternativeExponent(const TokenList&, const PassContext& context) {
   return lineHolds(context, Parser::alternativeExponent);
+}
+bool lineMayHoldClusters(const TokenList&, const PassContext& context) {
+  return DigitDetector::containsDigit(context.rawExpression) || lineHolds(context, Parser::letterXAsTimes);
 }
 bool localeIsChinese(const TokenList&, const PassContext& context) {
   return context.customization.locale().isChinese();
@@ -135,7 +139,7 @@ constexpr auto kStages = std::to_array<Stage>({
      ParsePhase::simple,
      {unidentified},
      kNothing,
-     nullptr,
+     lineMayHoldClusters,
      passes::identifyNumericClustersIn},
     {"S11", "identifyMultiWordFixturesAndCustomTypesIn", ParsePhase::simple, kNothing,
      TokenTypeSet::typesInMultiWordFixtures, nullptr, passes::identifyMultiWordFixturesAndCustomTypesIn},

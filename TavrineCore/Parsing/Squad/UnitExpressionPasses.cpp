@@ -103,6 +103,7 @@ std::optional<std::size_t> startOf(Shape shape, const TokenList& list, std::size
 }
 
 void wrapAmounts(TokenList& list, Shape shape) {
+  if (shape.unitComesFirst && !list.unitTypesCache().contains(UnitType::currency)) return;
   const TokenType typeOfLast = shape.unitComesFirst ? TokenType::number : TokenType::unit;
   for (std::size_t i = list.count(); i-- > 0;) {
     if (!list[i].is(typeOfLast)) continue;

@@ -24,10 +24,11 @@ std::size_t indexAtStep(std::size_t step, std::size_t count, bool reversed) {
 /// Edits a list and those inside of it.
 class TokenListWalk {
  public:
-  /// `reach`: lists that never held these types are not entered.
-  TokenListWalk(const TokenTypeSet& reach, TokenList::TokenTest test, bool reversed, bool topLevelOnly,
-                TokenList::Modification block)
-      : reach_(reach), test_(test), reversed_(reversed), topLevelOnly_(topLevelOnly), block_(block) {}
+  TokenListWalk(TokenList::TokenTest test, bool reversed, bool topLevelOnly, TokenList::Modification block)
+      : reach_(TokenTypeSet::anyTypes), test_(test), reversed_(reversed), topLevelOnly_(topLevelOnly), block_(block) {}
+  /// Of the tokens of these types. Lists that never held them are not entered.
+  TokenListWalk(const TokenTypeSet& types, bool reversed, bool topLevelOnly, TokenList::Modification block)
+      : reach_(types), reversed_(reversed), topLevelOnly_(topLevelOnly), block_(block) {}
 
   void edit(TokenList& list, const Token* parent) const {
     list.countEnumeration();
@@ -63,7 +64,11 @@ class TokenListWalk {
         token = replaceInside(list, token, hint, std::move(subtokens));
       }
     }
-    if (test_(token, parent)) block_(token, list, parent);
+    if (passes(token, parent)) block_(token, list, parent);
+  }
+
+  [[nodiscard]] bool passes(const Token& token, const Token* parent) const {
+    return test_ ? (*test_)(token, parent) : reach_.contains(token.type);
   }
 
   [[nodiscard]] bool enters(const Token& token) const {
@@ -71,7 +76,7 @@ class TokenListWalk {
   }
 
   [[nodiscard]] bool concernsBlock(const Token& token, const Token* parent) const {
-    return enters(token) || test_(token, parent);
+    return passes(token, parent) || enters(token);
   }
 
   /// The edited list; null where nothing changed.
@@ -92,7 +97,7 @@ class TokenListWalk {
           token = &edited;
         }
       }
-      if (test_(*token, parent)) block_(*token, editable(), parent);
+      if (passes(*token, parent)) block_(*token, editable(), parent);
     }
     if (!copy || copy->modificationCount() == 0) return nullptr;
     return TokenList::frozen(std::move(*copy));
@@ -109,7 +114,7 @@ class TokenListWalk {
   }
 
   TokenTypeSet reach_;
-  TokenList::TokenTest test_;
+  std::optional<TokenList::TokenTest> test_;  // absent: the tokens of the types of `reach_`
   bool reversed_;
   bool topLevelOnly_;
   TokenList::Modification block_;
@@ -132,9 +137,10 @@ class TokenListTransformation {
     list.countEnumeration();
     for (std::size_t step = 0; step < list.count(); ++step) {
       const std::size_t index = indexAtStep(step, list.count(), reversed_);
-      if (!list[index].subtokens && !types_.contains(list[index].type)) continue;
+      const bool hasInside = enters(list[index]);
+      if (!hasInside && !types_.contains(list[index].type)) continue;
       std::optional<Token> changed;
-      if (TokenListRef subtokens = transformedInside(list[index])) {
+      if (TokenListRef subtokens = hasInside ? transformedInside(list[index]) : nullptr) {
         editable().formCacheUnionWith(*subtokens);
         changed = list[index];
         changed->subtokens = std::move(subtokens);
@@ -147,9 +153,12 @@ class TokenListTransformation {
     }
   }
 
+  [[nodiscard]] bool enters(const Token& token) const {
+    return token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types_);
+  }
+
   /// What is inside of the token, transformed; null where nothing changed.
   [[nodiscard]] TokenListRef transformedInside(const Token& token) const {
-    if (!token.subtokens || !token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types_)) return nullptr;
     std::optional<TokenList> copy;
     apply(*token.subtokens, &token, [&]() -> TokenList& {
       if (!copy) copy.emplace(*token.subtokens);
@@ -165,15 +174,14 @@ class TokenListTransformation {
 
 void TokenList::applyModificationsToAllListsWithTokensPassingTest(TokenTest test, const Token* parent, bool reversed,
                                                                   bool topLevelOnly, Modification block) {
-  TokenListWalk(TokenTypeSet::anyTypes, test, reversed, topLevelOnly, block).edit(*this, parent);
+  TokenListWalk(test, reversed, topLevelOnly, block).edit(*this, parent);
 }
 
 void TokenList::performEditsToListsWith(const TokenTypeSet& types, bool recalculateRangesAfterEdit,
                                         Modification block) {
   if (!anyTypesHaveBeenPresentIn(types)) return;
   const std::uint64_t before = modificationCount_;
-  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
-  TokenListWalk(types, hasType, /*reversed=*/true, /*topLevelOnly=*/false, block).edit(*this, nullptr);
+  TokenListWalk(types, /*reversed=*/true, /*topLevelOnly=*/false, block).edit(*this, nullptr);
   if (!recalculateRangesAfterEdit || modificationCount_ == before) return;
   TokenList recalculated = listWithRecalculatedTokenRanges(0, /*updateParentsStrings=*/false);
   adopt({recalculated.begin(), recalculated.end()});
@@ -183,12 +191,10 @@ void TokenList::performEditsToListsWith(const TokenTypeSet& types, bool recalcul
 
 void TokenList::applyTransformationToTokensOfType(const TokenTypeSet& types, bool reversed, Transformation transform) {
   if (!anyTypesHaveBeenPresentIn(types)) return;
-  const auto hasType = [&types](const Token& token, const Token*) { return types.contains(token.type); };
-  applyModificationsToAllListsWithTokensPassingTest(hasType, nullptr, reversed, /*topLevelOnly=*/true,
-                                                    [&](const Token& token, TokenList& list, const Token*) {
-                                                      if (std::optional<Token> replacement = transform(token))
-                                                        list.replace(token, std::move(*replacement));
-                                                    });
+  const auto replaceByTransformed = [&](const Token& token, TokenList& list, const Token*) {
+    if (std::optional<Token> replacement = transform(token)) list.replace(token, std::move(*replacement));
+  };
+  TokenListWalk(types, reversed, /*topLevelOnly=*/true, replaceByTransformed).edit(*this, nullptr);
 }
 
 void TokenList::applyTransformationToAllTokensOfType(const TokenTypeSet& types, const Token* parent, bool reversed,
