@@ -46,6 +46,10 @@ class FixturesList {
   /// The same among the language's own fixtures alone.
   std::optional<Fixture> findAdditional(std::string_view fragment) const;
 
+  /// False for most words with which no fixture of more than one lexeme begins.
+  bool mayBeginPhrase(const HashedWord& word) const {
+    return !vocabulary_.isBuilt() || vocabulary_->prefixes.mayContain(word);
+  }
   /// Whether a fixture of more than one lexeme may begin with this lexeme. Says no to a fragment without letters whose
   /// phrases hold words while no line has held a word: there is nothing in that line to complete them.
   bool beginsMultiWordFixture(const HashedWord& firstLexeme) const;

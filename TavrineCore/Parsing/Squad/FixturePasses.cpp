@@ -86,9 +86,10 @@ void identifyMultiWordFixturesAndCustomTypesIn(TokenList& list, const PassContex
   };
   const auto mayBeginPhraseAt = [&](std::size_t index) {
     if (custom != nullptr && custom->beginsMultiWordCustomType(list[index].stringValue)) return true;
-    if (!fixtures.beginsMultiWordFixture(list[index].word())) return false;
+    const HashedWord word = list[index].word();
+    if (!fixtures.mayBeginPhrase(word) || !fixtures.beginsMultiWordFixture(word)) return false;
     const Token* const next = list.tokenAfter(index, /*ignoreWhitespace=*/true);
-    return next != nullptr && fixtures.mayBeginMultiWordFixture(list[index].word(), next->word());
+    return next != nullptr && fixtures.mayBeginMultiWordFixture(word, next->word());
   };
   for (std::size_t i = 0; i < list.count(); ++i) {
     if (!TokenTypeSet::typesInMultiWordFixtures.contains(list[i].type)) continue;
