@@ -1,24 +1,12 @@
 #include "TavrineCore/Parsing/Tokens/TokenBuffer.h"
 
+#include <algorithm>
 #include <functional>
 #include <utility>
 
 namespace tavrine {
 
-namespace {
-
-void moveLast(std::vector<Token>& from, std::vector<Token>& to) {
-  to.push_back(std::move(from.back()));
-  from.pop_back();
-}
-
-}  // namespace
-
-TokenBuffer::TokenBuffer(const TokenBuffer& other) {
-  front_.reserve(other.size());
-  front_.assign(other.front_.begin(), other.front_.end());
-  front_.insert(front_.end(), other.back_.rbegin(), other.back_.rend());
-}
+TokenBuffer::TokenBuffer(const TokenBuffer& other) : TokenBuffer(std::vector<Token>(other.begin(), other.end())) {}
 
 TokenBuffer& TokenBuffer::operator=(const TokenBuffer& other) {
   if (this != &other) *this = TokenBuffer(other);
@@ -26,28 +14,41 @@ TokenBuffer& TokenBuffer::operator=(const TokenBuffer& other) {
 }
 
 std::span<const Token> TokenBuffer::contiguous() {
-  moveGapInto(size(), size());
-  return front_;
+  if (gapLength_ != 0) {
+    moveGapInto(size_, size_);
+    store_.resize(size_);
+    gapLength_ = 0;
+  }
+  return store_;
 }
 
 std::optional<std::size_t> TokenBuffer::indexOfAddress(const Token& token) const noexcept {
-  const auto indexIn = [&token](const std::vector<Token>& tokens) -> std::optional<std::size_t> {
-    // Pointers into different arrays have no order of their own; `std::less` gives them one.
-    constexpr std::less<const Token*> isBefore;
-    const Token* start = tokens.data();
-    if (tokens.empty() || isBefore(&token, start) || !isBefore(&token, start + tokens.size())) return std::nullopt;
-    return static_cast<std::size_t>(&token - start);
-  };
-  if (const auto index = indexIn(front_)) return index;
-  if (const auto index = indexIn(back_)) return size() - 1 - *index;
-  return std::nullopt;
+  // Pointers into different arrays have no order of their own; `std::less` gives them one.
+  constexpr std::less<const Token*> isBefore;
+  const Token* const start = store_.data();
+  if (store_.empty() || isBefore(&token, start) || !isBefore(&token, start + store_.size())) return std::nullopt;
+  const auto at = static_cast<std::size_t>(&token - start);
+  if (at < gapStart_) return at;
+  return at < gapStart_ + gapLength_ ? std::nullopt : std::optional(at - gapLength_);
 }
 
-void TokenBuffer::append(Token token) { insert(size(), std::move(token)); }
+void TokenBuffer::append(Token token) { insert(size_, std::move(token)); }
 
 void TokenBuffer::insert(std::size_t index, Token token) {
   moveGapInto(index, index);
-  front_.push_back(std::move(token));
+  if (gapLength_ == 0 && index == size_) {
+    store_.push_back(std::move(token));
+  } else {
+    if (gapLength_ == 0) {
+      constexpr std::size_t kSmallestGap = 4;
+      gapLength_ = std::max(kSmallestGap, size_ / 2);
+      store_.insert(store_.begin() + static_cast<std::ptrdiff_t>(index), gapLength_, Token());
+    }
+    store_[gapStart_] = std::move(token);
+    --gapLength_;
+  }
+  ++gapStart_;
+  ++size_;
 }
 
 void TokenBuffer::replace(std::size_t first, std::size_t count, Token token) {
@@ -56,7 +57,7 @@ void TokenBuffer::replace(std::size_t first, std::size_t count, Token token) {
     return;
   }
   dropRun(first, count);
-  front_.push_back(std::move(token));
+  insert(first, std::move(token));
 }
 
 void TokenBuffer::erase(std::size_t first, std::size_t count) {
@@ -64,18 +65,27 @@ void TokenBuffer::erase(std::size_t first, std::size_t count) {
 }
 
 void TokenBuffer::moveGapInto(std::size_t first, std::size_t last) {
-  // A walk of edits towards the start takes all tokens there in the end: room for them at once, instead of growing by
-  // and by through blocks that go back to the system each time.
-  if (front_.size() > last && back_.empty()) back_.reserve(front_.size());
-  while (front_.size() > last) moveLast(front_, back_);
-  while (front_.size() < first) moveLast(back_, front_);
+  if (gapLength_ == 0) {
+    gapStart_ = std::clamp(gapStart_, first, last);
+    return;
+  }
+  for (; gapStart_ > last; --gapStart_) store_[gapStart_ + gapLength_ - 1] = std::move(store_[gapStart_ - 1]);
+  for (; gapStart_ < first; ++gapStart_) store_[gapStart_] = std::move(store_[gapStart_ + gapLength_]);
 }
 
 void TokenBuffer::dropRun(std::size_t first, std::size_t count) {
   moveGapInto(first, first + count);
-  const std::size_t behindGap = first + count - front_.size();
-  front_.erase(front_.begin() + static_cast<std::ptrdiff_t>(first), front_.end());
-  back_.erase(back_.end() - static_cast<std::ptrdiff_t>(behindGap), back_.end());
+  const auto release = [](Token& token) {
+    token.stringValue.clear();
+    token.subtokens.reset();
+    token.metadata.reset();
+  };
+  for (std::size_t i = first; i < gapStart_; ++i) release(store_[i]);
+  const std::size_t behindGap = first + count - gapStart_;
+  for (std::size_t i = 0; i < behindGap; ++i) release(store_[gapStart_ + gapLength_ + i]);
+  gapStart_ = first;
+  gapLength_ += count;
+  size_ -= count;
 }
 
 }  // namespace tavrine

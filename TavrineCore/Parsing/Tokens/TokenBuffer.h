@@ -12,8 +12,7 @@
 namespace tavrine {
 
 /// A sequence of tokens with a gap where it was last edited, so that a run of edits at neighbouring places, in either
-/// direction, costs what the edits move and not what stands behind them. The tokens behind the gap are kept in reverse
-/// order: both sides grow and shrink at the gap.
+/// direction, costs what the edits move and not what stands behind them.
 class TokenBuffer {
  public:
   /// Hops the gap.
@@ -55,22 +54,33 @@ class TokenBuffer {
   };
 
   TokenBuffer() = default;
-  explicit TokenBuffer(std::vector<Token> tokens) noexcept : front_(std::move(tokens)) {}
+  explicit TokenBuffer(std::vector<Token> tokens) noexcept
+      : store_(std::move(tokens)), size_(store_.size()), gapStart_(size_) {}
   /// A copy has no gap.
   TokenBuffer(const TokenBuffer& other);
-  TokenBuffer(TokenBuffer&&) noexcept = default;
+  TokenBuffer(TokenBuffer&& other) noexcept
+      : store_(std::move(other.store_)),
+        size_(std::exchange(other.size_, 0)),
+        gapStart_(std::exchange(other.gapStart_, 0)),
+        gapLength_(std::exchange(other.gapLength_, 0)) {}
   TokenBuffer& operator=(const TokenBuffer& other);
-  TokenBuffer& operator=(TokenBuffer&&) noexcept = default;
+  TokenBuffer& operator=(TokenBuffer&& other) noexcept {
+    store_ = std::move(other.store_);
+    size_ = std::exchange(other.size_, 0);
+    gapStart_ = std::exchange(other.gapStart_, 0);
+    gapLength_ = std::exchange(other.gapLength_, 0);
+    return *this;
+  }
   ~TokenBuffer() = default;
 
-  [[nodiscard]] std::size_t size() const noexcept { return front_.size() + back_.size(); }
-  [[nodiscard]] bool empty() const noexcept { return front_.empty() && back_.empty(); }
+  [[nodiscard]] std::size_t size() const noexcept { return size_; }
+  [[nodiscard]] bool empty() const noexcept { return size_ == 0; }
 
   [[nodiscard]] const Token& operator[](std::size_t index) const noexcept {
-    return index < front_.size() ? front_[index] : back_[size() - 1 - index];
+    return store_[index < gapStart_ ? index : index + gapLength_];
   }
   [[nodiscard]] Token& operator[](std::size_t index) noexcept {
-    return index < front_.size() ? front_[index] : back_[size() - 1 - index];
+    return store_[index < gapStart_ ? index : index + gapLength_];
   }
   [[nodiscard]] Iterator begin() const noexcept { return {this, 0}; }
   [[nodiscard]] Iterator end() const noexcept { return {this, size()}; }
@@ -91,10 +101,13 @@ class TokenBuffer {
  private:
   /// Brings the gap to the nearest place within `first` ... `last` (both are places between tokens).
   void moveGapInto(std::size_t first, std::size_t last);
+  /// Takes the run into the gap, which then begins at `first`.
   void dropRun(std::size_t first, std::size_t count);
 
-  std::vector<Token> front_;
-  std::vector<Token> back_;
+  std::vector<Token> store_;  // those in the gap are empty
+  std::size_t size_ = 0;      // without the gap
+  std::size_t gapStart_ = 0;
+  std::size_t gapLength_ = 0;
 };
 
 }  // namespace tavrine
