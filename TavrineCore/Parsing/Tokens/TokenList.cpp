@@ -16,8 +16,11 @@ namespace {
 constexpr TokenTypeSet kTypesToExamineSubtokens{TokenType::subexpression, TokenType::variableDeclaration,
                                                 TokenType::functionExpression};
 
-/// The lists that the release of another list on this thread has left to be released.
+/// The lists whose release is under way on this thread, one inside of the other.
+thread_local unsigned releaseDepth = 0;
+/// What the innermost of them have left to be released.
 thread_local std::vector<TokenListRef>* listsToRelease = nullptr;
+constexpr unsigned kMaximumReleaseDepth = 16;
 
 }  // namespace
 
@@ -80,16 +83,22 @@ TokenList::~TokenList() {
   for (auto& strings : strings_) delete strings.load();
 }
 
-/// Lists nest as deep as someone cares to build them, so their release must not recurse: the inner lists are put aside
-/// and let go one after the other.
+/// Lists nest as deep as someone cares to build them, so their release must not recurse all the way: far inside, the
+/// lists are put aside and let go one after the other.
 void TokenList::releaseTokens() noexcept {
+  if (releaseDepth < kMaximumReleaseDepth) {
+    ++releaseDepth;
+    for (std::size_t i = 0; i < count(); ++i) tokens_[i].subtokens.reset();
+    --releaseDepth;
+    return;
+  }
   std::vector<TokenListRef> lists;
-  const bool isOutermost = listsToRelease == nullptr;
-  std::vector<TokenListRef>& pending = isOutermost ? lists : *listsToRelease;
+  const bool isFirst = listsToRelease == nullptr;
+  std::vector<TokenListRef>& pending = isFirst ? lists : *listsToRelease;
   for (std::size_t i = 0; i < count(); ++i) {
     if (tokens_[i].subtokens) pending.push_back(std::move(tokens_[i].subtokens));
   }
-  if (!isOutermost || lists.empty()) return;
+  if (!isFirst || lists.empty()) return;
   listsToRelease = &lists;
   while (!lists.empty()) {
     const TokenListRef list = std::move(lists.back());
