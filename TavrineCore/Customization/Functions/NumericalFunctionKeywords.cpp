@@ -245,7 +245,7 @@ std::vector<std::size_t> NumericalFunctionKeywords::ranksWithin(const std::vecto
     for (const FunctionRequirements& function : functionsWithRequirements_[keyword]) {
       if ((function.signature & missing) != 0) continue;
       const auto keywords = std::span(keywordsOfPhrases_).subspan(function.firstKeyword, function.keywordCount);
-      if (std::includes(words.begin(), words.end(), keywords.begin(), keywords.end())) {
+      if (keywords.size() == 1 || std::includes(words.begin(), words.end(), keywords.begin(), keywords.end())) {
         ranks.push_back(function.functionIndex);
       }
     }

@@ -11,17 +11,19 @@ std::vector<Token> copyOf(const TokenList& list, std::size_t first, std::size_t 
   return {begin + static_cast<std::ptrdiff_t>(first), begin + static_cast<std::ptrdiff_t>(last) + 1};
 }
 
-void visit(EditableTokenList& list, const TokenTypeSet& types, const Token* parent, EditBlock block) {
+void visit(EditableTokenList& list, const TokenTypeSet& types, const TokenTypeSet& closed, const Token* parent,
+           EditBlock block) {
   std::size_t index = list.count();
   while (index > 0) {
     --index;
     const Token& token = list[index];
-    const bool hasInside = token.subtokens && token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types);
+    const bool hasInside = token.subtokens && !closed.contains(token.type) &&
+                           token.subtokens->typesEverPresentAtAnyDepth().containsTypesFrom(types);
     if (!hasInside && !types.contains(token.type)) continue;
     if (hasInside) {
       const TokenListRef inside = list[index].subtokens;  // an edit may replace the token that holds it
       EditableTokenList sublist(*inside);
-      visit(sublist, types, &list[index], block);
+      visit(sublist, types, closed, &list[index], block);
       if (sublist.isEdited()) {
         Token changed = list[index];
         changed.subtokens = TokenList::frozen(sublist.take());
@@ -71,9 +73,9 @@ std::size_t EditableTokenList::insertAfter(std::size_t index, Token token) {
   return index;
 }
 
-void visitTokens(EditableTokenList& list, const TokenTypeSet& types, EditBlock block) {
+void visitTokens(EditableTokenList& list, const TokenTypeSet& types, const TokenTypeSet& closed, EditBlock block) {
   if (!list->typesEverPresentAtAnyDepth().containsTypesFrom(types)) return;
-  visit(list, types, nullptr, block);
+  visit(list, types, closed, nullptr, block);
 }
 
 Token subexpressionOver(std::vector<Token> tokens) {

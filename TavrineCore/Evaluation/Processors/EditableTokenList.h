@@ -77,14 +77,15 @@ class EditableTokenList {
 /// walk goes on: the index itself, or what an edit told.
 using EditBlock = FunctionRef<std::size_t(EditableTokenList& list, std::size_t index, const Token* parent)>;
 
-void visitTokens(EditableTokenList& list, const TokenTypeSet& types, EditBlock block);
+void visitTokens(EditableTokenList& list, const TokenTypeSet& types, const TokenTypeSet& closed, EditBlock block);
 
-/// Hands every token of the types to the block, at every depth, from the end of each list to its start and inner lists
-/// first. What the block puts in is not visited. Costs a bit test when the types have never been in the list
-/// or in one inside of it.
+/// Hands every token of the types to the block, at every depth but inside of tokens of the closed types, from the end
+/// of each list to its start and inner lists first. What the block puts in is not visited. Costs a bit test when the
+/// types have never been in the list or in one inside of it.
 template <class Block>
-void forEachToken(EditableTokenList& list, const TokenTypeSet& types, const Block& block) {
-  visitTokens(list, types, [&](EditableTokenList& tokens, std::size_t index, const Token* parent) {
+void forEachToken(EditableTokenList& list, const TokenTypeSet& types, const Block& block,
+                  const TokenTypeSet& closed = {}) {
+  visitTokens(list, types, closed, [&](EditableTokenList& tokens, std::size_t index, const Token* parent) {
     return block(tokens, index, parent);
   });
 }

@@ -48,8 +48,8 @@ std::size_t convertBracketBesideUnit(EditableTokenList& list, std::size_t index,
 }
 
 /// "5 km miles" converts; "5 km km" says the same twice.
-std::size_t convertIntoBareUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
-  if (isIn(parent, TokenType::unitExpression) || !isUnit(list, index)) return index;
+std::size_t convertIntoBareUnit(EditableTokenList& list, std::size_t index, const Token*) {
+  if (!isUnit(list, index)) return index;
   const Token* before = list.tokenAt(list.previous(index));
   if (before == nullptr || !TokenTypeSet::implicitConversionTypes.contains(before->type)) return index;
   if (before->unitValue() == list[index].unitValue()) return list.remove(index, index);
@@ -106,8 +106,7 @@ std::size_t addUpCompoundUnit(EditableTokenList& list, std::size_t index, const 
   return list.replace(index, index, {operatorToken(TokenSubType::subtractionOperator, "-"), std::move(whole)});
 }
 
-std::size_t removeOverSpecifiedUnit(EditableTokenList& list, std::size_t index, const Token* parent) {
-  if (isIn(parent, TokenType::converter) || isIn(parent, TokenType::unitExpression)) return index;
+std::size_t removeOverSpecifiedUnit(EditableTokenList& list, std::size_t index, const Token*) {
   if (!list.is(list.previous(index), TokenType::unitExpression) &&
       !list.is(list.next(index), TokenType::unitExpression)) {
     return index;
@@ -211,7 +210,7 @@ std::size_t bracketUnitDivision(EditableTokenList& list, std::size_t index, cons
 void addExplicitConverters(EditableTokenList& list, const TokenListProfile& profile, bool seeksFutureDate) {
   forEachToken(list, TokenType::subexpression, convertBracketBesideUnit);
   if (profile.types.contains(TokenType::unit) && profile.types.containsTypesFrom(kBeginConverterChains)) {
-    forEachToken(list, TokenType::unit, convertIntoBareUnit);
+    forEachToken(list, TokenType::unit, convertIntoBareUnit, TokenType::unitExpression);
   }
   if (!seeksFutureDate) return;
   const Token* last = list->getLastToken(/*ignoringWhitespace=*/true);
@@ -225,7 +224,9 @@ void processCompoundUnits(EditableTokenList& list) {
   forEachToken(list, TokenType::compoundUnitExpression, addUpCompoundUnit);
 }
 
-void handleOverSpecifiedUnits(EditableTokenList& list) { forEachToken(list, TokenType::unit, removeOverSpecifiedUnit); }
+void handleOverSpecifiedUnits(EditableTokenList& list) {
+  forEachToken(list, TokenType::unit, removeOverSpecifiedUnit, {TokenType::converter, TokenType::unitExpression});
+}
 
 void insertExplicitOperatorsBetweenUnitExpressions(EditableTokenList& list) {
   forEachToken(list, TokenTypeSet::unitExpressionSet, joinUnitExpressions);

@@ -60,7 +60,8 @@ bool holdsNumberWord(const TokenList& subtokens) {
 DeidentifierAction actionForNumber(const Item& item) {
   const auto* metadata = item.token().metadataAs<NumberTokenMetadata>();
   if (metadata == nullptr) return none;
-  if (isGluedToWord(item) || isHyphenated(item, *metadata)) return deidentify;
+  const bool mayTouchWord = item.list().typePrecheck(TokenType::wordComment);
+  if (mayTouchWord && (isGluedToWord(item) || isHyphenated(item, *metadata))) return deidentify;
   if (item.token().subtokens && !holdsNumberWord(*item.token().subtokens)) return dropSubtokens;
   return none;
 }
@@ -103,10 +104,10 @@ bool hasNeighbourPassing(const Item& item) {
 }
 
 DeidentifierAction actionForUnit(const Item& item) {
-  if (item.precededBy(TokenType::functionExpression, /*ignoreWhitespace=*/true) != nullptr) return none;
   if (item.parent() != nullptr && !TokenTypeSet::commentAndSubexpressionTypes.contains(item.parent()->type)) {
     return none;
   }
+  if (item.precededBy(TokenType::functionExpression, /*ignoreWhitespace=*/true) != nullptr) return none;
   if (item.followedBy(TokenType::number, /*ignoreWhitespace=*/false) != nullptr) return deidentifyWithFollowingToken;
   if (!item.list().anyTypesHaveBeenPresentIn(Deidentifier::deidentifyUnitIfNotPresent)) return deidentify;
   return hasNeighbourPassing(item) ? none : deidentify;

@@ -1,11 +1,12 @@
 #include "TavrineCore/Parsing/Prototypes/PrototypeSequenceCache.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -76,12 +77,13 @@ class CallCache {
       std::vector<PrototypeSequenceRef> known;
       known.reserve(functions.size());
       for (const Function* function : functions) {
-        const PrototypeSequenceRef* const found = calls.find(*function);
-        if (found == nullptr) {
+        const Calls::Entry* const found = calls.find(*function);
+        if (found != nullptr && list != nullptr && !list->typesPrecheck(found->types)) continue;
+        if (found == nullptr || !isCallOf(*found->call, *function)) {
           known.push_back(nullptr);
           unknown.push_back(function);
-        } else if (list == nullptr || (*found)->typesWereIn(*list)) {
-          known.push_back(*found);
+        } else if (list == nullptr || found->call->typesWereIn(*list)) {
+          known.push_back(found->call);
         }
       }
       return known;
@@ -94,29 +96,58 @@ class CallCache {
   }
 
  private:
+  static bool isCallOf(const PrototypeSequence& call, const Function& function) {
+    return std::get<Function>(*call.metadata()) == function;
+  }
+
   class Calls {
    public:
-    [[nodiscard]] const PrototypeSequenceRef* find(const Function& function) const {
+    struct Entry {
+      const char* text = nullptr;  // lives as long as the call does
+      TokenTypeSet types;          // without any of these in a line, the phrase isn't in it
+      PrototypeSequenceRef call;
+    };
+
+    /// The entry of the text; its call may be another function's.
+    [[nodiscard]] const Entry* find(const Function& function) const {
       const std::string_view text = function.prototypeExpression;
-      const auto same = byPlace_.find(text.data());
-      if (same != byPlace_.end() && calls(*same->second, function)) return &same->second;
-      const PrototypeSequenceRef* const equal = byText_.find(text);
-      return equal != nullptr && calls(**equal, function) ? equal : nullptr;
+      if (!slots_.empty()) {
+        const Entry& entry = slots_[slotOf(text.data())];
+        if (entry.text != nullptr) return &entry;
+      }
+      // A list of functions that was made anew has its texts in another place.
+      const char* const* const place = places_.find(text);
+      return place == nullptr ? nullptr : &slots_[slotOf(*place)];
     }
     void keep(const PrototypeSequenceRef& call) {
-      // The text lives as long as the call does.
       const std::string_view text = std::get<Function>(*call->metadata()).prototypeExpression;
-      if (byText_.tryEmplace(text, call).isNew) byPlace_.try_emplace(text.data(), call);
+      if (!places_.tryEmplace(text, text.data()).isNew) return;
+      if (places_.size() * 2 > slots_.size()) grow();
+      TokenTypeSet types = call->typesPresent();
+      for (const TokenType takenForAnother : {TokenType::percentage, TokenType::literal}) types.remove(takenForAnother);
+      slots_[slotOf(text.data())] = {text.data(), types, call};
     }
 
    private:
-    static bool calls(const PrototypeSequence& call, const Function& function) {
-      return std::get<Function>(*call.metadata()) == function;
+    /// Where the text at the place stands or would stand.
+    [[nodiscard]] std::size_t slotOf(const char* text) const {
+      constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15;  // 2^64 over the golden ratio
+      const std::size_t mask = slots_.size() - 1;
+      std::size_t at = (reinterpret_cast<std::uintptr_t>(text) * kSpread >> 32) & mask;
+      while (slots_[at].text != nullptr && slots_[at].text != text) at = (at + 1) & mask;
+      return at;
+    }
+    void grow() {
+      constexpr std::size_t kSmallest = 256;
+      std::vector<Entry> old(std::max(kSmallest, slots_.size() * 2));
+      old.swap(slots_);
+      for (Entry& entry : old) {
+        if (entry.text != nullptr) slots_[slotOf(entry.text)] = std::move(entry);
+      }
     }
 
-    WordTable<PrototypeSequenceRef> byText_;
-    /// By the place of the text in memory, which is where nearly every function has it.
-    std::unordered_map<const char*, PrototypeSequenceRef> byPlace_;
+    WordTable<const char*> places_;
+    std::vector<Entry> slots_;  // a power of two
   };
 
   SerialQueue accessQueue_{"wordFuctionCallAccessQueue"};

@@ -99,9 +99,10 @@ struct Candidates {
   /// Those that can match now: enough tokens, and the types that the gaps want.
   [[nodiscard]] Sequences thatFit(const TokenList& list) const {
     Sequences sequences = PrototypeSequenceCache::sequencesFor(functions, &list);
-    sequences.insert(sequences.end(), custom.begin(), custom.end());
+    std::copy_if(custom.begin(), custom.end(), std::back_inserter(sequences),
+                 [&list](const PrototypeSequenceRef& sequence) { return sequence->typesWereIn(list); });
     std::erase_if(sequences, [&list](const PrototypeSequenceRef& sequence) {
-      return sequence->prototypes().size() > list.count() || !sequence->typesWereIn(list);
+      return sequence->prototypes().size() > list.count();
     });
     return sequences;
   }
