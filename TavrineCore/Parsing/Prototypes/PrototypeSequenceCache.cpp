@@ -121,7 +121,7 @@ class CallCache {
     }
     void keep(const PrototypeSequenceRef& call) {
       const std::string_view text = std::get<Function>(*call->metadata()).prototypeExpression;
-      if (!places_.tryEmplace(text, text.data()).isNew) return;
+      if (text.empty() || !places_.tryEmplace(text, text.data()).isNew) return;
       if (places_.size() * 2 > slots_.size()) grow();
       TokenTypeSet types = call->typesPresent();
       for (const TokenType takenForAnother : {TokenType::percentage, TokenType::literal}) types.remove(takenForAnother);
