@@ -96,9 +96,9 @@ class PlaceList {
 /// The airports by their codes.
 class AirportsList {
  public:
-  static constexpr std::size_t kLettersInCode = 3;
-
-  [[nodiscard]] static bool mayBeCode(std::string_view fragment) { return fragment.size() == kLettersInCode; }
+  [[nodiscard]] static bool mayBeCode(std::string_view fragment) {
+    return fragment.size() == PlaceWords::kLettersInCode;
+  }
   /// The airport with this code of three letters, in upper or lower case, in the zone of its city. Absent where its
   /// city or its zone isn't known.
   [[nodiscard]] static std::optional<Place> runQuery(std::string_view fragment);

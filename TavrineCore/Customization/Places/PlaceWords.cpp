@@ -14,7 +14,6 @@ namespace tavrine {
 
 namespace {
 
-constexpr std::size_t kLettersInCode = 3;
 constexpr unsigned kAlphabet = 26;
 constexpr std::size_t kCodes = std::size_t{kAlphabet} * kAlphabet * kAlphabet;
 constexpr unsigned kMaximumProbes = 16;

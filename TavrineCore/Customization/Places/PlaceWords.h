@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -20,6 +21,9 @@ class FlatRow;
 /// Without the resource every word may name a place, and none is ordinary.
 class PlaceWords {
  public:
+  /// Of an airport.
+  static constexpr std::size_t kLettersInCode = 3;
+
   /// The decoder of {"filterBits", "filterProbes", "places", "airports", "ordinary"}: a Bloom filter over names of one
   /// lexeme and the first two lexemes of longer ones (with a blank between), one bit a code of three letters from "aaa"
   /// on, both in base 64, and a list of words.

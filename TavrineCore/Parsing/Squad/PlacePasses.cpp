@@ -51,8 +51,10 @@ std::optional<std::size_t> nextWord(const TokenList& list, std::size_t index) {
 
 /// Past a comma that is written onto the word as well: "Portland, Maine" is "Portland Maine".
 std::optional<std::size_t> nextWordOfName(const TokenList& list, std::size_t index) {
-  const bool hasComma = index + 1 < list.count() && list[index + 1].is(TokenType::comma);
-  return nextWord(list, hasComma ? index + 1 : index);
+  std::size_t next = index + 1;
+  if (next < list.count() && list[next].is(TokenType::comma)) ++next;
+  while (next < list.count() && list[next].is(TokenType::whitespace)) ++next;
+  return next < list.count() ? std::optional(next) : std::nullopt;
 }
 
 /// The tokens from the index on that say the words, what stands between them included; 0 if they don't.
@@ -174,11 +176,9 @@ constexpr std::string_view kTime = "time";
 
 /// Whether a place of several words may be named here, told for most words without a table.
 bool mayBeginPlace(const TokenList& list, std::size_t index, const HashedWord& word, const PlaceList& places) {
-  std::size_t second = index + 1;
-  if (second < list.count() && list[second].is(TokenType::comma)) ++second;
-  while (second < list.count() && list[second].is(TokenType::whitespace)) ++second;
-  if (second == list.count()) return false;
-  return list[second].stringValue.size() == kTime.size() || places.mayKnowPhrase(word, list[second].word());
+  const auto second = nextWordOfName(list, index);
+  if (!second) return false;
+  return list[*second].stringValue.size() == kTime.size() || places.mayKnowPhrase(word, list[*second].word());
 }
 
 bool identifyMultiWordPlaces(TokenList& list, std::size_t index, const PassContext& context) {
